@@ -1,0 +1,25 @@
+#pragma once
+// Number rules shared by every game: rounding, integer widths and the score format.
+
+#include <cstdint>
+#include <string>
+
+#include "platform/Platform.h"
+
+namespace corvanna {
+
+// A real number to an integer, half to even.
+std::int64_t roundHalfEven(double v);
+// "###,###,###,##0": thousands grouped, "0" for zero.
+std::string formatScore(std::int64_t v);
+// "h:mm AM" / "h:mm PM", as the status bar shows the time of day.
+std::string formatTimeOfDay(int hour, int minute);
+// Minute boundaries crossed from a to b, as a date difference counts them.
+long long MinutesBetween(const DateTime& a, const DateTime& b);
+// Leading number of a text as a dialog reads it: no number reads as 0.
+double leadingNumber(const std::string& text);
+// A whole number if the text is one (blanks round it allowed), for settings values.
+bool parseInteger(const std::string& text, std::int64_t& out);
+bool parseReal(const std::string& text, double& out);
+
+}  // namespace corvanna

@@ -1,0 +1,18 @@
+#pragma once
+// Every interval and wait of the program, in milliseconds, in one place.
+
+namespace corvanna::ms {
+
+inline constexpr int RoundClockTick = 1000;     // Timer1 of a game
+inline constexpr int ClockRepaint = 200;        // Timer2, the blink of the last quarter
+inline constexpr int TimeOfDay = 60000;         // Timer3 (Hitspree Timer6)
+inline constexpr int SplashStep = 200;          // Timer4
+inline constexpr int SplashStepTierfall = 250;  // Timer4 of Tierfall
+inline constexpr int SelectorCards = 250;       // Timer1 of the selector
+inline constexpr int MessageFlash = 250;        // one colour swap of a flashing message
+inline constexpr int GameOverWait = 2000;       // "Game Over" stands this long
+
+inline constexpr int FlashesAtTimeOut = 10;
+inline constexpr int FlashesBeforeRound = 11;
+
+}  // namespace corvanna::ms

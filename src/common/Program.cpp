@@ -1,0 +1,74 @@
+#include "common/Program.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <unistd.h>
+
+namespace corvanna {
+
+Program::Program(Platform& p, std::string dataDir, std::uint64_t seed)
+    : platform(p), rng(seed), dataDir_(std::move(dataDir)) {
+    std::error_code ec;
+    std::filesystem::create_directories(dataDir_, ec);
+    dataDirUsable_ =
+        std::filesystem::is_directory(dataDir_, ec) && ::access(dataDir_.c_str(), W_OK | X_OK) == 0;
+    platform.onCloseRequest = [this](Form& f) { requestUnload(f); };
+    state.AppPath = dataDir_;
+    if (state.AppPath.empty() || state.AppPath.back() != '/')
+        state.AppPath += '/';
+}
+
+Program::~Program() {
+    platform.onCloseRequest = nullptr;
+    // Forms go first, while the platform they tell about their timers still stands.
+    for (auto& f : forms_)
+        platform.formUnloaded(*f);
+    forms_.clear();
+    unloaded_.clear();
+}
+
+MsgResult Program::msg(const std::string& text, MsgButtons buttons, MsgIcon icon) {
+    return platform.msgBox(text, buttons, icon, state.AppTitle);
+}
+
+Form* Program::findForm(const std::string& name) const {
+    for (auto& f : forms_)
+        if (f->name() == name)
+            return f.get();
+    return nullptr;
+}
+
+std::vector<Form*> Program::forms() const {
+    std::vector<Form*> out;
+    for (auto& f : forms_)
+        out.push_back(f.get());
+    return out;
+}
+
+void Program::unload(Form& form) {
+    auto it = std::find_if(forms_.begin(), forms_.end(), [&](auto& f) { return f.get() == &form; });
+    if (it == forms_.end())
+        return;
+    platform.formUnloaded(form);
+    unloaded_.clear();
+    unloaded_.push_back(std::move(*it));
+    forms_.erase(it);
+}
+
+}  // namespace corvanna
+
+namespace corvanna {
+
+bool Program::requestUnload(Form& form) {
+    bool cancel = false;
+    if (form.QueryUnload)
+        form.QueryUnload(cancel);
+    if (cancel || !findForm(form.name()))
+        return false;
+    platform.hideForm(form);
+    unload(form);
+    return true;
+}
+
+}  // namespace corvanna

@@ -1,0 +1,74 @@
+#pragma once
+// One running program: the platform it runs on, the program-wide variables,
+// the picture store and the forms that are loaded. Passed to every form.
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "common/AppState.h"
+#include "common/PictureStore.h"
+#include "common/Random.h"
+#include "forms/Form.h"
+#include "platform/Platform.h"
+
+namespace corvanna {
+
+// The dialogs any game opens from its menus; the shell fills them in.
+struct SharedDialogs {
+    std::function<void()> about;
+    std::function<void()> rules;
+    std::function<void()> viewHighScores;
+    std::function<void()> clearHighScores;
+};
+
+class Program {
+public:
+    Program(Platform& platform, std::string dataDir, std::uint64_t seed);
+    ~Program();
+
+    Platform& platform;
+    AppState state;
+    PictureStore pictures;
+    Random rng;
+    SharedDialogs dialogs;
+
+    const std::string& dataDir() const { return dataDir_; }
+    // AppPath followed by the plain name.
+    std::string filePath(const std::string& plainName) const { return state.AppPath + plainName; }
+    // The data folder could be neither made nor written: said once, at start.
+    bool dataDirUsable() const { return dataDirUsable_; }
+
+    std::int32_t randomNumber(double low, double high) {
+        return RandomNumber(rng, platform, low, high);
+    }
+    // A message box with AppTitle as its title.
+    MsgResult msg(const std::string& text, MsgButtons buttons = MsgButtons::OK,
+                  MsgIcon icon = MsgIcon::None);
+
+    // Forms are owned here from load to unload.
+    template <class T, class... Args>
+    T& load(Args&&... args) {
+        auto f = std::make_unique<T>(*this, std::forward<Args>(args)...);
+        T& ref = *f;
+        forms_.push_back(std::move(f));
+        return ref;
+    }
+    Form* findForm(const std::string& name) const;
+    std::vector<Form*> forms() const;
+    // Takes the form away; it is destroyed at the next unload or with the program,
+    // so the handler that unloaded it can still finish.
+    void unload(Form& form);
+    // The form's unload question runs; true when the form went away.
+    bool requestUnload(Form& form);
+
+private:
+    std::string dataDir_;
+    bool dataDirUsable_ = true;
+    std::vector<std::unique_ptr<Form>> forms_;
+    std::vector<std::unique_ptr<Form>> unloaded_;
+};
+
+}  // namespace corvanna

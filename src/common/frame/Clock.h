@@ -1,0 +1,16 @@
+#pragma once
+// The pie clock on a game form's Surface: it fills clockwise as the round goes,
+// green, then yellow, then a last quarter that blinks red and white.
+
+namespace corvanna {
+
+class GameFrame;
+
+// Centre, radius and colours from Surface, then an empty clock.
+void InitClock(GameFrame& form);
+// angle: degrees of the round gone, 0 to 360. Starts and stops Timer2.
+void DrawClock(int angle, GameFrame& form);
+// After a resize: the new centre and radius, the same picture.
+void PlaceClock(GameFrame& form);
+
+}  // namespace corvanna

@@ -1,0 +1,99 @@
+// Pause and resume, dialogs that pause a round, and leaving the form.
+
+#include "common/Format.h"
+#include "common/frame/GameFrame.h"
+
+namespace corvanna {
+
+void GameFrame::Pause() {
+    if (cmdPause.caption() != "&Resume") {
+        cmdPause.setToolTipText("Resumes the current game");
+        lblMessage.setForeColor(colors::Red);
+        lblMessage.setCaption("Game Paused");
+        if (g_.GameInProgress)
+            lblMessage.setVisible(true);
+        Timer1.stop();
+        cmdPause.setCaption("&Resume");
+        mnuPause.setCaption("&Resume");
+        for (Control* c : std::initializer_list<Control*>{&cmdExit, &cmdPlay, &mnuExit, &mnuPlay})
+            c->setEnabled(false);
+        if (cmdTakeScore)
+            cmdTakeScore->setEnabled(false);
+        if (mnuTakeScore)
+            mnuTakeScore->setEnabled(false);
+        ShowCards(false);
+        HideSelection();
+        if (g_.MusicOn)
+            StopMusic();
+    } else {
+        cmdPause.setToolTipText(info_.pauseTip);
+        lblMessage.setVisible(false);
+        lblMessage.setCaption("");
+        cmdPause.setCaption(info_.pauseCaption);
+        mnuPause.setCaption(info_.pauseCaption);
+        for (Control* c : std::initializer_list<Control*>{&cmdExit, &cmdPlay, &mnuExit, &mnuPlay})
+            c->setEnabled(true);
+        if (cmdTakeScore)
+            cmdTakeScore->setEnabled(true);
+        if (mnuTakeScore)
+            mnuTakeScore->setEnabled(true);
+        ShowCards(true);
+        Timer1.start();
+        if (g_.MusicOn && g_.GameInProgress)
+            StartMusic();
+    }
+}
+
+void GameFrame::RunPausingDialog(const std::function<void()>& dialog) {
+    const bool wasPaused = isPaused();
+    const bool gameOn = info_.dialogPause == DialogPause::ByPauseButton      ? cmdPause.enabled()
+                        : info_.dialogPause == DialogPause::ByGameInProgress ? g_.GameInProgress
+                                                                             : false;
+    const bool over = lblMessage.caption() == "Game Over";
+    if (gameOn && !wasPaused && !over)
+        Pause();
+    dialog();
+    // The form may have been left while the dialog was up.
+    if (!prog_.findForm(name()))
+        return;
+    const bool stillOn = info_.dialogPause == DialogPause::ByPauseButton      ? cmdPause.enabled()
+                         : info_.dialogPause == DialogPause::ByGameInProgress ? g_.GameInProgress
+                                                                              : false;
+    if (stillOn && lblMessage.caption() != "Game Over" && !wasPaused && isPaused())
+        Pause();
+}
+
+void GameFrame::Form_Unload(bool& cancel) {
+    const bool wasPaused = isPaused();
+    bool pausedHere = false;
+    std::string question;
+    if (g_.GameInProgress) {
+        question = "You have a game in progress. Are you sure you want to quit now?";
+        if (info_.unloadPausesFirst && cmdPause.enabled() && !wasPaused &&
+            lblMessage.caption() != "Game Over") {
+            Pause();
+            pausedHere = true;
+        }
+    } else {
+        const long long minutes = MinutesBetween(g_.FormLoadTime, prog_.platform.now());
+        question = minutes < 5 ? "Giving up so soon?"
+                               : "Are you sure you want to quit now? Were just getting started!";
+    }
+    if (prog_.msg(question, MsgButtons::YesNo, MsgIcon::Question) == MsgResult::No) {
+        cancel = true;
+        if (pausedHere && isPaused())
+            Pause();
+        return;
+    }
+    WriteSettings();
+    Timer1.stop();
+    Timer2.stop();
+    Timer4.stop();
+    g_.GameInProgress = false;
+    if (g_.MusicOn)
+        StopMusic();
+    if (onLeave)
+        onLeave();
+}
+
+}  // namespace corvanna

@@ -1,0 +1,393 @@
+#include "common/frame/GameFrame.h"
+
+#include <algorithm>
+
+#include "common/Format.h"
+#include "common/Intervals.h"
+#include "common/PlayCounts.h"
+#include "common/frame/Clock.h"
+
+namespace corvanna {
+
+namespace {
+
+Control& make(Form& f, ControlKind kind, const std::string& name, Control* parent = nullptr,
+              int index = -1) {
+    return f.add<Control>(kind, name, index, parent);
+}
+
+Shape& makeShape(Form& f, const std::string& name, Color border, bool filled, Color fill) {
+    Shape& s = f.add<Shape>(name, -1, nullptr);
+    s.setBorderColor(border);
+    s.setFilled(filled);
+    s.setBackColor(fill);
+    return s;
+}
+
+Menu& separatorAfter(Form& f, Menu& item, const std::string& name) {
+    f.addMenu(name, "-", item.parentMenu());
+    return item;
+}
+
+Control& label(Form& f, const std::string& name, const std::string& caption, double size, bool bold,
+               Color color, Control* parent = nullptr) {
+    Control& l = make(f, ControlKind::Label, name, parent);
+    l.setCaption(caption);
+    l.setFont(size, bold);
+    l.setForeColor(color);
+    return l;
+}
+
+}  // namespace
+
+GameFrame::GameFrame(Program& prog, const GameInfo& info)
+    : Form(prog.platform, info.formName),
+      cmdPlay(make(*this, ControlKind::CommandButton, "cmdPlay")),
+      cmdPause(make(*this, ControlKind::CommandButton, "cmdPause")),
+      cmdTakeScore(info.hasTakeScore ? &make(*this, ControlKind::CommandButton, "cmdTakeScore")
+                                     : nullptr),
+      cmdExit(make(*this, ControlKind::CommandButton, info.exitButton)),
+      Timer1(add<Timer>("Timer1", -1, ms::RoundClockTick)),
+      Timer2(add<Timer>("Timer2", -1, ms::ClockRepaint)),
+      Timer3(add<Timer>(info.timeOfDayTimer, -1, ms::TimeOfDay)),
+      Timer4(add<Timer>("Timer4", -1, info.splashMs)),
+      TimerRectangle(makeShape(*this, "TimerRectangle", colors::Black, true, 0x1E4D2B)),
+      TimerBevelSide(makeShape(*this, "TimerBevelSide", colors::Black, true, 0x0A2614)),
+      TimerBevelBottom(makeShape(*this, "TimerBevelBottom", colors::Black, true, 0x0A2614)),
+      Surface(add<PictureBox>("Surface", -1, nullptr)),
+      lblTime(label(*this, "lblTime", "Time:", 11, true, colors::White)),
+      ScoreRectangle(makeShape(*this, "ScoreRectangle", colors::Black, true, colors::White)),
+      lblScore(label(*this, "lblScore", "Score:", 10, true, colors::White)),
+      lblCurrentScore(label(*this, info.scoreLabel, "0", 16, true, colors::Blue)),
+      RoundRectangle(makeShape(*this, "RoundRectangle", colors::Black, true, colors::White)),
+      RoundBevelSide(makeShape(*this, "RoundBevelSide", colors::Black, true, 0x0A2614)),
+      RoundBevelBottom(makeShape(*this, "RoundBevelBottom", colors::Black, true, 0x0A2614)),
+      lblRound(label(*this, "lblRound", info.roundLabelAlone ? "Round: 1" : "Round:", 10, true,
+                     info.roundLabelAlone ? colors::Black : colors::White)),
+      lblCurrentRound(info.roundLabelAlone
+                          ? nullptr
+                          : &label(*this, "lblCurrentRound", "1", 16, true, colors::Black)),
+      lblHighScore(label(*this, "lblHighScore", info.highScorePrefix, 9, true, colors::Yellow)),
+      lblMessage(label(*this, info.messageLabel, "", 24, true, colors::Red)),
+      lblScoring(info.hasScoringLabel ? &label(*this, "lblScoring", "", 20, true, colors::Red)
+                                      : nullptr),
+      frmSplash(make(*this, ControlKind::PictureBox, "frmSplash")),
+      imgSplashImage{},
+      lblProductName(label(*this, "lblProductName", "", 30, true, colors::White, &frmSplash)),
+      lblCompanyProduct(label(*this, "lblCompanyProduct", "Velmora Presents", 12, false,
+                              colors::White, &frmSplash)),
+      lblVersion(label(*this, "lblVersion", "Version 7.0", 10, false, colors::White, &frmSplash)),
+      lblPlatform(label(*this, "lblPlatform", "Linux", 10, false, colors::White, &frmSplash)),
+      StatusBar1(add<StatusBar>("StatusBar1", 3)),
+      mnuFile(addMenu(info.fileMenu, info.fileMenuCaption)),
+      mnuPlay(addMenu("mnuPlay", "&Play", &mnuFile)),
+      mnuTakeScore(info.hasTakeScoreMenu ? &addMenu("mnuTakeScore", "&Take Score", &mnuFile)
+                                         : nullptr),
+      mnuPause(
+          separatorAfter(*this, addMenu("mnuPause", info.pauseCaption, &mnuFile), "mnuBreak0")),
+      mnuExit(addMenu("mnuExit", "E&xit", &mnuFile)),
+      mnuOptions(addMenu("mnuOptions", "&Options")),
+      mnuViewHighScores(addMenu(info.viewMenu, "&View High Scores...", &mnuOptions)),
+      mnuClearHighScores(separatorAfter(
+          *this, addMenu(info.clearMenu, "&Clear High Scores...", &mnuOptions), "mnuBreak1")),
+      mnuTime(addMenu(info.timeMenu, "&Time Limit", &mnuOptions)),
+      mnuCustom(separatorAfter(*this, addMenu(info.customMenu, info.customCaption, &mnuOptions),
+                               "mnuBreak2")),
+      mnuMusic(addMenu("mnuMusic", "Play &Music (plays during game)", &mnuOptions)),
+      mnuSounds(addMenu("mnuSounds", "&Play Sounds", &mnuOptions)),
+      mnuDeck(nullptr),
+      mnuPalm(nullptr),
+      mnuMagic(nullptr),
+      mnuNight(nullptr),
+      mnuHot(nullptr),
+      mnuHelp(addMenu("mnuHelp", "&Help")),
+      mnuRules(separatorAfter(*this, addMenu("mnuRules", info.rulesCaption, &mnuHelp), "mnuSep2")),
+      mnuAbout(addMenu("mnuAbout", info.aboutCaption, &mnuHelp)),
+      prog_(prog),
+      g_(prog.state),
+      info_(info) {
+    // Splash cards sit inside the splash panel, behind its texts.
+    for (int i = 0; i < 4; ++i) {
+        imgSplashImage[i] = &make(*this, ControlKind::Image, "imgSplashImage", &frmSplash, i);
+        imgSplashImage[i]->sendToBack();
+    }
+    frmSplash.setBackColor(0x0F3D1E);
+    lblMessage.setVisible(false);
+    lblMessage.setAlignment(Align::Center);
+    if (lblScoring) {
+        lblScoring->setVisible(false);
+        lblScoring->setAlignment(Align::Center);
+    }
+    for (Control* c : {&lblTime, &lblCurrentScore, &lblRound, &lblHighScore, &lblProductName,
+                       &lblCompanyProduct, &lblVersion, &lblPlatform, &lblScore})
+        c->setAlignment(Align::Center);
+    if (lblCurrentRound)
+        lblCurrentRound->setAlignment(Align::Center);
+    Surface.setBackColor(0x1E4D2B);
+    Surface.setToolTipText("Displays time remaining in current round");
+    setBackColor(colors::FeltGreen);
+    buildMenus();
+    wireHandlers();
+    setBounds(0, 0, info.minWidth, info.minHeight);
+    layout();
+}
+
+GameFrame::~GameFrame() = default;
+
+void GameFrame::buildMenus() {
+    for (const auto& entry : info_.timeLimits) {
+        Menu& m = addMenu("mnu" + std::to_string(entry.seconds), entry.caption, &mnuTime);
+        const int seconds = entry.seconds;
+        m.Click = [this, seconds] { SetTimeLimit(seconds); };
+    }
+    if (!info_.deckDesigns.empty()) {
+        mnuDeck = &addMenu("mnuDeck", "Dec&k", &mnuOptions);
+        mnuPalm = &addMenu("mnuPalm", "&Palm Tree", mnuDeck);
+        mnuMagic = &addMenu("mnuMagic", "&Magic Hands", mnuDeck);
+        mnuNight = &addMenu("mnuNight", "&Night Castle", mnuDeck);
+        mnuHot = &addMenu("mnuHot", "&Hot Cards", mnuDeck);
+        Menu* byDesign[] = {mnuPalm, mnuMagic, mnuNight, mnuHot};
+        // Each game numbers the designs its own way; the menu sets that number.
+        for (int deckBack = 1; deckBack <= 4; ++deckBack) {
+            Menu* m = byDesign[info_.deckDesigns[static_cast<std::size_t>(deckBack - 1)] - 1];
+            m->Click = [this, deckBack] { SelectDeckBack(deckBack); };
+        }
+    }
+}
+
+void GameFrame::wireHandlers() {
+    cmdPlay.Click = [this] { Play(); };
+    mnuPlay.Click = [this] { Play(); };
+    cmdPause.Click = [this] { Pause(); };
+    mnuPause.Click = [this] { Pause(); };
+    auto takeScore = [this] {
+        // A Take Score that was queued behind the scoring is ignored.
+        if (g_.TakingScore)
+            return;
+        TakeScore();
+    };
+    if (cmdTakeScore)
+        cmdTakeScore->Click = takeScore;
+    if (mnuTakeScore)
+        mnuTakeScore->Click = takeScore;
+    cmdExit.Click = [this] { prog_.requestUnload(*this); };
+    mnuExit.Click = [this] { prog_.requestUnload(*this); };
+    Timer1.OnTimer = [this] { Timer1_Timer(); };
+    Timer2.OnTimer = [this] { Timer2_Timer(); };
+    Timer3.OnTimer = [this] { Timer3_Timer(); };
+    Timer4.OnTimer = [this] { Timer4_Timer(); };
+    mnuMusic.Click = [this] {
+        g_.MusicOn = !g_.MusicOn;
+        mnuMusic.setChecked(g_.MusicOn);
+        if (g_.GameInProgress && !isPaused())
+            g_.MusicOn ? StartMusic() : StopMusic();
+    };
+    mnuSounds.Click = [this] {
+        g_.SoundsOn = !g_.SoundsOn;
+        mnuSounds.setChecked(g_.SoundsOn);
+    };
+    auto dialog = [this](std::function<void()> SharedDialogs::*which) {
+        return [this, which] {
+            if (const auto& open = prog_.dialogs.*which)
+                RunPausingDialog(open);
+        };
+    };
+    mnuAbout.Click = dialog(&SharedDialogs::about);
+    mnuRules.Click = dialog(&SharedDialogs::rules);
+    mnuViewHighScores.Click = dialog(&SharedDialogs::viewHighScores);
+    mnuClearHighScores.Click = [this] {
+        if (prog_.dialogs.clearHighScores)
+            prog_.dialogs.clearHighScores();
+    };
+    QueryUnload = [this](bool& cancel) { Form_Unload(cancel); };
+    Resize = [this] { Form_Resize(); };
+}
+
+void GameFrame::Form_Load() {
+    setMousePointer(MousePointer::Hourglass);
+    Timer4.start();
+    Timer1.stop();
+    Timer2.stop();
+    g_.GameInProgress = false;
+
+    g_.SoundsOn = true;
+    g_.MusicOn = false;
+    g_.CountDownScore = true;
+    g_.DeckBack = info_.defaultDeckBack;
+    g_.TimeBonus = info_.defaultTimeBonus;
+    g_.BonusRoundScore = info_.defaultBonusRoundScore;
+    g_.CustomScoring = false;
+    SetGameDefaults();
+    SetTimeLimit(info_.defaultSeconds);
+    if (g_.DeckBack >= 1 && g_.DeckBack <= 4 && mnuDeck)
+        SelectDeckBack(g_.DeckBack);
+    mnuSounds.setChecked(g_.SoundsOn);
+    mnuMusic.setChecked(g_.MusicOn);
+
+    setCaption(g_.AppTitle);
+    SetStatus(1, "Welcome to " + g_.AppTitle + info_.welcomeSuffix);
+    Timer3_Timer();
+    Timer3.start();
+
+    CheckForCustom();
+    g_.GamesPlayedCount = CountGamePlayed(prog_, g_.AppTitle);
+    g_.FormLoadTime = prog_.platform.now();
+
+    lblProductName.setCaption(g_.AppTitle);
+    frmSplash.setVisible(true);
+    for (int i = 0; i < 4; ++i)
+        imgSplashImage[i]->setPicture(prog_.pictures.picture("BACK"));
+
+    ShowClockBox(true);
+    InitClock(*this);
+    if (info_.clockRepaintAtLoad)
+        Timer2.start();
+    cmdPlay.setCaption("&Play");
+    cmdPlay.setToolTipText("Starts a new game");
+    cmdPause.setCaption(info_.pauseCaption);
+    cmdPause.setToolTipText(info_.pauseTip);
+    cmdPause.setEnabled(false);
+    mnuPause.setEnabled(false);
+    if (cmdTakeScore) {
+        cmdTakeScore->setCaption("&Take Score");
+        cmdTakeScore->setToolTipText(info_.takeScoreTip);
+        cmdTakeScore->setEnabled(false);
+    }
+    if (mnuTakeScore)
+        mnuTakeScore->setEnabled(false);
+    cmdExit.setCaption(info_.exitCaption);
+    cmdExit.setToolTipText(info_.exitTip);
+
+    const int screenW = prog_.platform.screenWidthTwips();
+    const int screenH = prog_.platform.screenHeightTwips();
+    setPosition(std::max(0, (screenW - width()) / 2), std::max(0, (screenH - height()) / 2));
+    setMousePointer(MousePointer::Default);
+}
+
+void GameFrame::ShowControls(bool visible, bool second) {
+    (void)second;
+    ShowClockBox(visible);
+    ShowRoundBox(visible);
+    lblHighScore.setVisible(visible);
+}
+
+void GameFrame::ShowClockBox(bool visible) {
+    for (Control* c : std::initializer_list<Control*>{&Surface, &TimerRectangle, &TimerBevelBottom,
+                                                      &TimerBevelSide, &lblTime})
+        c->setVisible(visible);
+}
+
+void GameFrame::ShowRoundBox(bool visible) {
+    for (Control* c : std::initializer_list<Control*>{&lblRound, &RoundRectangle, &RoundBevelSide,
+                                                      &RoundBevelBottom})
+        c->setVisible(visible);
+    if (lblCurrentRound)
+        lblCurrentRound->setVisible(visible);
+}
+
+std::string GameFrame::currentRoundCaption() const {
+    const bool bonus = g_.RoundNumber > info_.normalRounds;
+    return bonus && !info_.bonusRoundCaption.empty() ? info_.bonusRoundCaption
+                                                     : std::to_string(g_.RoundNumber);
+}
+
+// ---- Layout: a side panel of boxes and commands, the board in the rest.
+
+void GameFrame::Form_Resize() {
+    if (windowState() == WindowState::Minimized) {
+        if (!minimised_ && g_.GameInProgress) {
+            Timer1.stop();
+            if (g_.MusicOn)
+                StopMusic();
+        }
+        minimised_ = true;
+        return;
+    }
+    if (minimised_) {
+        minimised_ = false;
+        if (g_.GameInProgress && !isPaused() && !g_.TakingScore) {
+            Timer1.start();
+            if (g_.MusicOn)
+                StartMusic();
+        }
+    }
+    if (windowState() == WindowState::Normal &&
+        (width() < info_.minWidth || height() < info_.minHeight)) {
+        setSize(info_.minWidth, info_.minHeight);  // runs this handler again
+        return;
+    }
+    layout();
+}
+
+void GameFrame::layout() {
+    const int W = scaleWidth();
+    const int H = scaleHeight() - 330;  // above the status bar
+    StatusBar1.move(0, H, W, 330);
+    const int panelW = 2700;
+    const int x0 = W - panelW;
+    const int boxW = 2400;
+    const int bx = x0 + (panelW - boxW) / 2 - 60;
+
+    // The clock box.
+    TimerRectangle.move(bx, 120, boxW, 2380);
+    TimerBevelSide.move(bx + boxW, 180, 60, 2380);
+    TimerBevelBottom.move(bx + 60, 120 + 2380, boxW, 60);
+    Surface.move(bx + 250, 200, 1900, 1900);
+    lblTime.move(bx, 2130, boxW, 330);
+
+    // Score, round and the best score.
+    ScoreRectangle.move(bx, 2640, boxW, 780);
+    lblScore.move(bx, 2680, boxW, 280);
+    lblScore.setForeColor(colors::Black);
+    lblCurrentScore.move(bx, 2950, boxW, 420);
+    RoundRectangle.move(bx, 3540, boxW, 600);
+    RoundBevelSide.move(bx + boxW, 3600, 60, 600);
+    RoundBevelBottom.move(bx + 60, 4140, boxW, 60);
+    if (lblCurrentRound) {
+        lblRound.move(bx, 3570, boxW, 260);
+        lblRound.setForeColor(colors::Black);
+        lblCurrentRound->move(bx, 3800, boxW, 330);
+    } else {
+        lblRound.move(bx, 3680, boxW, 330);
+    }
+    lblHighScore.move(bx - 60, 4260, boxW + 120, 300);
+
+    // Commands from the bottom up.
+    std::vector<Control*> buttons{&cmdPlay, &cmdPause};
+    if (cmdTakeScore)
+        buttons.push_back(cmdTakeScore);
+    buttons.push_back(&cmdExit);
+    const int bh = 420, gap = 90;
+    int y = H - 150 - static_cast<int>(buttons.size()) * (bh + gap) + gap;
+    y = std::max(y, 4620);
+    for (Control* b : buttons) {
+        b->move(bx, y, boxW + 60, bh);
+        y += bh + gap;
+    }
+
+    // The board and what covers it.
+    const int boardL = 150, boardT = 150, boardW = x0 - 300, boardH = H - 300;
+    frmSplash.move(boardL, boardT, boardW, boardH);
+    placeSplash();
+    lblMessage.move(boardL, boardT + boardH / 2 - 450, boardW, 900);
+    if (lblScoring)
+        lblScoring->move(boardL, boardT + boardH / 2 + 500, boardW, 600);
+    LayoutBoard(boardL, boardT, boardW, boardH);
+    PlaceClock(*this);
+}
+
+void GameFrame::placeSplash() {
+    const int W = frmSplash.width(), H = frmSplash.height();
+    const int cardW = 1035, cardH = 1410, step = 380;
+    const int fanW = cardW + 3 * step;
+    const int x = (W - fanW) / 2;
+    const int y = H / 2 - cardH / 2 + 250;
+    for (int i = 0; i < 4; ++i)
+        imgSplashImage[i]->move(x + i * step, y, cardW, cardH);
+    lblCompanyProduct.move(0, y - 1700, W, 350);
+    lblProductName.move(0, y - 1300, W, 900);
+    lblVersion.move(0, y + cardH + 200, W, 300);
+    lblPlatform.move(0, y + cardH + 500, W, 300);
+}
+
+}  // namespace corvanna

@@ -1,0 +1,175 @@
+#pragma once
+// The frame all nine games run in: Play / End Game, Pause / Resume, Take Score,
+// the pie clock, the round clock tick, the splash panel, the status bar, the
+// menus, the unload questions and the way back to the selector.
+//
+// A game derives from GameFrame, gives its GameInfo row, and overrides only the
+// hooks below where its rules differ. The frame is split by concern:
+//   GameFrame.cpp   controls, menus, layout (Form_Load, Form_Resize)
+//   FrameRound.cpp  Play, InitRound, the Timer1 tick, the end of a round, game over
+//   FramePause.cpp  Pause / Resume, dialogs that pause, minimise, unload
+//   FrameSplash.cpp the splash animation, the time of day, back design menus
+
+#include <functional>
+#include <string>
+
+#include "common/Program.h"
+#include "common/frame/GameInfo.h"
+#include "forms/Form.h"
+
+namespace corvanna {
+
+class GameFrame : public Form {
+public:
+    GameFrame(Program& prog, const GameInfo& info);
+    ~GameFrame() override;
+
+    const GameInfo& info() const { return info_; }
+    Program& program() const { return prog_; }
+
+    // Runs the load steps: defaults, caption, settings, splash, centring.
+    void Form_Load();
+
+    // Set by whoever opened the form: runs when the user has confirmed leaving.
+    std::function<void()> onLeave;
+
+    // ---- Hooks a game overrides -------------------------------------------------
+    // Writes the game's settings file when the user leaves.
+    virtual void WriteSettings() {}
+    // Deals the board for a new round; the frame then starts the clock.
+    virtual void Deal() {}
+    // Shows or hides the board's cards (game over, pause, time out).
+    virtual void ShowCards(bool visible) { (void)visible; }
+    // Shows or hides the round's boxes and lblHighScore; the score stays.
+    virtual void ShowControls(bool visible, bool second);
+    // Hides selection marks and running totals while paused or timed out.
+    virtual void HideSelection() {}
+    // Ends the round: the frame's usual flow pays nothing and moves on.
+    virtual void TakeScore();
+    // Pays the round's bonuses inside TakeScore, before the round number moves on.
+    virtual void AwardRoundBonuses() {}
+    // Ranks the final score at game over.
+    virtual void RankFinalScore() {}
+    // Repaints the card stack and, when paused, the board (after a back design change).
+    virtual void RefreshPlayCard() {}
+    virtual void RefreshBoardBacks() {}
+    // The picture the splash deals face up: a random card face unless a game has its own.
+    virtual std::string SplashFacePicture();
+    // Lays out the board inside the given client rectangle (twips).
+    virtual void LayoutBoard(int left, int top, int width, int height) {
+        (void)left, (void)top, (void)width, (void)height;
+    }
+    // Sets the scoring values to the game's defaults and checks them (CustomScoring).
+    virtual void SetGameDefaults() {}
+    virtual void CheckForCustom() {}
+
+    // ---- Shared behaviour --------------------------------------------------------
+    void Play();
+    void InitRound();
+    void Pause();
+    void Timer1_Timer();
+    void Timer2_Timer();
+    void Timer3_Timer();
+    void Timer4_Timer();
+    void ClearTimeCheck();
+    void SetTimeLimit(int seconds);  // the handler of an entry of the time menu
+    // DeckBack by the game's own numbering, as the menus and [Deck] set it.
+    void SelectDeckBack(int deckBack);
+    void ClearDeckCheck();
+    // Runs a modal dialog, pausing the round round it as the game does.
+    void RunPausingDialog(const std::function<void()>& dialog);
+    // The way back: the unload question, and on Yes the selector.
+    void Form_Unload(bool& cancel);
+    void Form_Resize();
+
+    // Flashes the message label red and black, 250 ms a swap.
+    void FlashMessage(int times);
+    void PlayWaveFile(const std::string& file);
+    void StartMusic();
+    void StopMusic();
+    void ShowClockBox(bool visible);
+    void ShowRoundBox(bool visible);
+    void SetStatus(int panel, const std::string& text) { StatusBar1.setPanelText(panel, text); }
+    std::string currentRoundCaption() const;
+    bool isPaused() const { return lblMessage.caption() == "Game Paused"; }
+
+    // ---- Controls every game form has -------------------------------------------
+    Control& cmdPlay;
+    Control& cmdPause;
+    Control* cmdTakeScore;  // only in games with Take Score
+    Control& cmdExit;       // cmdQuit in some games
+    Timer& Timer1;
+    Timer& Timer2;
+    Timer& Timer3;  // Timer6 in Hitspree
+    Timer& Timer4;
+    Shape& TimerRectangle;
+    Shape& TimerBevelSide;
+    Shape& TimerBevelBottom;
+    PictureBox& Surface;
+    Control& lblTime;
+    Shape& ScoreRectangle;
+    Control& lblScore;
+    Control& lblCurrentScore;  // lblTotalScore in some games
+    Shape& RoundRectangle;
+    Shape& RoundBevelSide;
+    Shape& RoundBevelBottom;
+    Control& lblRound;
+    Control* lblCurrentRound;  // absent where lblRound holds the number
+    Control& lblHighScore;
+    Control& lblMessage;  // ScoringLabel / ScoringLabelInfo in some games
+    Control* lblScoring;
+    Control& frmSplash;
+    Control* imgSplashImage[4];
+    Control& lblProductName;
+    Control& lblCompanyProduct;
+    Control& lblVersion;
+    Control& lblPlatform;
+    StatusBar& StatusBar1;
+
+    Menu& mnuFile;
+    Menu& mnuPlay;
+    Menu* mnuTakeScore;
+    Menu& mnuPause;
+    Menu& mnuExit;
+    Menu& mnuOptions;
+    Menu& mnuViewHighScores;
+    Menu& mnuClearHighScores;
+    Menu& mnuTime;
+    Menu& mnuCustom;
+    Menu& mnuMusic;
+    Menu& mnuSounds;
+    Menu* mnuDeck;
+    Menu* mnuPalm;
+    Menu* mnuMagic;
+    Menu* mnuNight;
+    Menu* mnuHot;
+    Menu& mnuHelp;
+    Menu& mnuRules;
+    Menu& mnuAbout;
+
+protected:
+    // Enables or disables Play, Pause, Take Score and Exit with their menus.
+    void EnableCommands(bool enabled);
+    // What the end of the last round leads to: the next round, the bonus round or game over.
+    void NextRoundOrGameOver();
+    void GameOver();
+    // Quits a game on the player's Yes: nothing is recorded.
+    void EndGameWithoutScore();
+
+    Program& prog_;
+    AppState& g_;
+    const GameInfo& info_;
+
+private:
+    void buildMenus();
+    void wireHandlers();
+    void layout();
+    void placeSplash();
+
+    int splashIndex_ = 0;
+    bool splashUp_ = true;
+    bool splashFaces_ = false;
+    bool minimised_ = false;
+};
+
+}  // namespace corvanna

@@ -1,0 +1,14 @@
+#pragma once
+// The one way a user's click reaches a handler, for the window and the driver alike.
+
+#include <string>
+
+#include "forms/Control.h"
+
+namespace corvanna {
+
+// Runs the control's Click as a user's click would. A hidden or disabled control,
+// or one on a form behind a modal dialog, takes no click: the reason comes back.
+bool userClick(Control& control, std::string* whyNot = nullptr);
+
+}  // namespace corvanna

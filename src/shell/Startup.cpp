@@ -1,0 +1,36 @@
+#include "shell/Startup.h"
+
+#include <QStandardPaths>
+
+#include "shell/frmAbout.h"
+#include "shell/frmSelect.h"
+
+namespace corvanna {
+
+namespace {
+void notYet(Program& prog, const std::string& what) {
+    prog.msg(what + " will come with a later version of The Corvanna Collection.", MsgButtons::OK,
+             MsgIcon::Information);
+}
+}  // namespace
+
+Form& startSelector(Program& prog) {
+    prog.dialogs.about = [&prog] { ShowAbout(prog); };
+    prog.dialogs.rules = [&prog] { notYet(prog, "The rules of " + prog.state.AppTitle); };
+    prog.dialogs.viewHighScores = [&prog] { notYet(prog, "The high score tables"); };
+    prog.dialogs.clearHighScores = [&prog] { notYet(prog, "Clearing the high score tables"); };
+    frmSelect& select = prog.load<frmSelect>();
+    select.Form_Load();
+    prog.platform.showForm(select, false);
+    return select;
+}
+
+std::string defaultDataDir() {
+    // Without an application object the location has no program name in it.
+    QString dir = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    if (dir.isEmpty())
+        dir = QStandardPaths::writableLocation(QStandardPaths::HomeLocation) + "/.corvanna";
+    return dir.toStdString();
+}
+
+}  // namespace corvanna

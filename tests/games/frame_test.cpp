@@ -1,0 +1,454 @@
+// The shared game frame, played through on the virtual clock with an empty board.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "forms/Input.h"
+#include "games/GameRegistry.h"
+#include "testkit/TestProgram.h"
+
+namespace corvanna {
+
+namespace {
+
+bool logHas(const std::vector<std::string>& log, const std::string& line) {
+    return std::find(log.begin(), log.end(), line) != log.end();
+}
+
+std::string panel(GameFrame& f, int n) {
+    return f.StatusBar1.panelText(n);
+}
+
+// Every caption a control shows, with the status bar's panel 2 at that moment.
+struct CaptionRecorder {
+    std::vector<std::string> seen;
+    CaptionRecorder(Control& c, StatusBar& bar) {
+        c.subscribe([this, &bar](Control& ctl, Prop p) {
+            if (p == Prop::Caption)
+                seen.push_back(ctl.caption() + " / " + bar.panelText(2));
+        });
+    }
+};
+
+}  // namespace
+
+TEST(Frame, EveryGameOpensWithTheSharedControlsAndItsOwnNames) {
+    TestProgram t;
+    for (const GameInfo& game : allGames()) {
+        GameFrame& f = t.openGame(game.formName);
+        SCOPED_TRACE(game.formName);
+        EXPECT_EQ(t.prog.state.AppTitle, game.title);
+        EXPECT_EQ(f.caption(), game.title);
+        EXPECT_TRUE(f.visible());
+        EXPECT_FALSE(t.select.visible());
+        for (const std::string name : {"cmdPlay",        "cmdPause",       "Timer1",
+                                       "Timer2",         "Timer4",         "Surface",
+                                       "TimerRectangle", "TimerBevelSide", "TimerBevelBottom",
+                                       "lblTime",        "lblRound",       "lblHighScore",
+                                       "frmSplash",      "lblProductName", "lblCompanyProduct",
+                                       "lblVersion",     "lblPlatform",    "StatusBar1",
+                                       "mnuPlay",        "mnuPause",       "mnuExit",
+                                       "mnuMusic",       "mnuSounds",      "mnuRules",
+                                       "mnuAbout"})
+            EXPECT_NE(f.find(name), nullptr) << name;
+        EXPECT_NE(f.find(game.exitButton), nullptr);
+        EXPECT_NE(f.find(game.scoreLabel), nullptr);
+        EXPECT_NE(f.find(game.messageLabel), nullptr);
+        EXPECT_NE(f.find(game.timeOfDayTimer), nullptr);
+        EXPECT_EQ(f.find("cmdTakeScore") != nullptr, game.hasTakeScore);
+        EXPECT_EQ(f.find("mnuDeck") != nullptr, !game.deckDesigns.empty());
+        EXPECT_EQ(f.find("lblCurrentRound") != nullptr, !game.roundLabelAlone);
+        for (int i = 0; i < 4; ++i)
+            EXPECT_NE(f.find("imgSplashImage", i), nullptr);
+
+        EXPECT_EQ(f.cmdPlay.caption(), "&Play");
+        EXPECT_EQ(f.cmdPlay.toolTipText(), "Starts a new game");
+        EXPECT_EQ(f.cmdPause.caption(), game.pauseCaption);
+        EXPECT_FALSE(f.cmdPause.enabled());
+        EXPECT_EQ(f.cmdExit.caption(), game.exitCaption);
+        EXPECT_EQ(panel(f, 1), "Welcome to " + game.title + game.welcomeSuffix);
+        EXPECT_EQ(panel(f, 3), "9:00 AM");
+        EXPECT_TRUE(f.frmSplash.visible());
+        EXPECT_EQ(f.lblProductName.caption(), game.title);
+        EXPECT_EQ(f.lblCompanyProduct.caption(), "Velmora Presents");
+        EXPECT_EQ(f.lblVersion.caption(), "Version 7.0");
+        EXPECT_TRUE(t.fake.isRunning(f.Timer4));
+        EXPECT_EQ(f.Timer4.interval(), game.splashMs);
+        EXPECT_FALSE(t.fake.isRunning(f.Timer1));
+        EXPECT_EQ(t.fake.isRunning(f.Timer2), game.clockRepaintAtLoad);
+        EXPECT_EQ(t.prog.state.RoundSeconds, game.defaultSeconds);
+        Control* entry = f.find("mnu" + std::to_string(game.defaultSeconds));
+        ASSERT_NE(entry, nullptr);
+        EXPECT_TRUE(entry->checked());
+        EXPECT_EQ(f.width(), game.minWidth);
+
+        // The splash deals its pictures out on Timer4.
+        t.fake.advance(game.splashMs * 3);
+        const std::string shown = f.imgSplashImage[0]->picture();
+        if (game.splashPicture.empty())
+            EXPECT_TRUE(t.prog.pictures.slotOf(shown) >= 14 && t.prog.pictures.slotOf(shown) <= 65)
+                << shown;
+        else
+            EXPECT_EQ(shown, "TFAL");
+
+        // Back to the selector: a fresh form has been open under a minute.
+        t.fake.queueAnswer(MsgResult::Yes);
+        t.click(game.formName, game.exitButton);
+        EXPECT_EQ(t.fake.messages().back(), "Giving up so soon?");
+        EXPECT_EQ(t.prog.findForm(game.formName), nullptr);
+        EXPECT_TRUE(t.select.visible());
+    }
+    EXPECT_TRUE(t.fake.takeErrors().empty());
+}
+
+TEST(Frame, RoundsRunOutToGameOverWithTheirMessages) {
+    TestProgram t;
+    GameFrame& f = t.openGame("frmSpirefold");
+    auto& g = t.prog.state;
+    t.click("frmSpirefold", "mnu30");
+    EXPECT_EQ(g.RoundSeconds, 30);
+    t.fake.takeLog();
+    t.click("frmSpirefold", "cmdPlay");
+    EXPECT_TRUE(g.GameInProgress);
+    EXPECT_FALSE(f.frmSplash.visible());
+    EXPECT_FALSE(t.fake.isRunning(f.Timer4));
+    EXPECT_EQ(f.cmdPlay.caption(), "&End Game");
+    EXPECT_EQ(f.cmdPlay.toolTipText(), "Ends the current game");
+    EXPECT_TRUE(f.cmdPause.enabled());
+    EXPECT_FALSE(f.mnuTime.enabled());
+    EXPECT_EQ(f.lblTime.caption(), "Time: 30");
+    EXPECT_EQ(f.lblCurrentRound->caption(), "1");
+    EXPECT_EQ(panel(f, 1), "Make 40,000 for Bonus Round!   ");
+    EXPECT_EQ(panel(f, 2), "Create runs by clicking on exposed cards!   ");
+    EXPECT_EQ(g.Deck.size(), 53u);
+
+    // 30 seconds: quarter 8 (7.5 to even), half 15.
+    t.fake.advance(14000);
+    EXPECT_EQ(f.lblTime.caption(), "Time: 16");
+    EXPECT_EQ(panel(f, 2), "Create runs by clicking on exposed cards!   ");
+    t.fake.advance(1000);
+    EXPECT_EQ(panel(f, 2), "Times running out!");
+    t.fake.advance(7000);
+    EXPECT_EQ(f.lblTime.caption(), "Time: 8");
+    EXPECT_EQ(panel(f, 2), "Times running out!");
+    t.fake.advance(1000);
+    EXPECT_EQ(panel(f, 2), "Better Hurry!");
+    // The last quarter blinks: Timer2 repaints between the seconds.
+    EXPECT_TRUE(t.fake.isRunning(f.Timer2));
+
+    t.fake.advance(7000);  // the 30th second: time is up, and the round two flash follows
+    EXPECT_EQ(g.RoundNumber, 2);
+    EXPECT_EQ(f.lblCurrentRound->caption(), "2");
+    EXPECT_EQ(g.ElapsedSeconds, 0);
+    EXPECT_FALSE(f.lblMessage.visible());
+    EXPECT_TRUE(t.fake.isRunning(f.Timer1));
+    // Ten flashes at the time out and eleven before the round, 250 ms each.
+    EXPECT_EQ(t.fake.elapsedMs(), 30000 + 21 * 250);
+    EXPECT_EQ(panel(f, 2), "Create runs by clicking on exposed cards!   ");
+
+    // Round two runs out below the bonus score: game over.
+    t.fake.advance(30000);
+    EXPECT_EQ(f.lblMessage.caption(), "Game Over");
+    EXPECT_TRUE(f.lblMessage.visible());
+    EXPECT_FALSE(g.GameInProgress);
+    EXPECT_TRUE(f.frmSplash.visible());
+    EXPECT_TRUE(t.fake.isRunning(f.Timer4));
+    EXPECT_EQ(f.cmdPlay.caption(), "&Play");
+    EXPECT_TRUE(f.cmdPlay.enabled());
+    EXPECT_FALSE(f.cmdPause.enabled());
+    EXPECT_FALSE(f.cmdTakeScore->enabled());
+    EXPECT_TRUE(f.mnuTime.enabled());
+    EXPECT_EQ(panel(f, 2), "Game Over");
+    EXPECT_EQ(g.RoundNumber, 3);
+    EXPECT_FALSE(t.fake.isRunning(f.Timer1));
+
+    // A new game starts clean from there.
+    t.click("frmSpirefold", "cmdPlay");
+    EXPECT_EQ(g.RoundNumber, 1);
+    EXPECT_FALSE(f.lblMessage.visible());
+    EXPECT_TRUE(f.lblTime.visible());
+}
+
+TEST(Frame, NinetySecondsWarnAtHalfAndQuarterAndBonusRoundIsEarned) {
+    TestProgram t;
+    GameFrame& f = t.openGame("frmTierfall");
+    auto& g = t.prog.state;
+    EXPECT_EQ(g.RoundSeconds, 90);
+    t.click("frmTierfall", "cmdPlay");
+    t.fake.advance(45000);  // 45 left: half
+    EXPECT_EQ(panel(f, 2), "Times running out!");
+    t.fake.advance(23000);  // 22 left: quarter (22.5 to even)
+    EXPECT_EQ(f.lblTime.caption(), "Time: 22");
+    EXPECT_EQ(panel(f, 2), "Times running out!");
+    t.fake.advance(1000);
+    EXPECT_EQ(panel(f, 2), "Better Hurry!");
+
+    CaptionRecorder messages(f.lblMessage, f.StatusBar1);
+    t.fake.advance(22000 + 21 * 250);
+    EXPECT_EQ(messages.seen, (std::vector<std::string>{"Times Up! / Better Hurry!",
+                                                       "Prepare for Round Two! / Time has expired!",
+                                                       " / Time has expired!"}));
+    EXPECT_EQ(g.RoundNumber, 2);
+    g.Score = 80000;  // exactly the bonus score earns the bonus round
+    t.fake.takeLog();
+    t.fake.advance(91000 + 21 * 250);
+    EXPECT_EQ(g.RoundNumber, 3);
+    EXPECT_EQ(f.lblCurrentRound->caption(), "Bonus");
+    EXPECT_TRUE(g.GameInProgress);
+    EXPECT_TRUE(logHas(t.fake.log(), "sound HighScore.wav"));
+    // After the bonus round the game is over whatever the score.
+    t.fake.advance(91000 + 10 * 250 + 2000);
+    EXPECT_FALSE(g.GameInProgress);
+    EXPECT_EQ(f.lblMessage.caption(), "Game Over");
+}
+
+TEST(Frame, BonusRoundMissedOnePointBelowAndHitspreeNeedsMore) {
+    for (const char* formName : {"frmDuomatch", "frmHitspree"}) {
+        SCOPED_TRACE(formName);
+        TestProgram t;
+        GameFrame& f = t.openGame(formName);
+        auto& g = t.prog.state;
+        const GameInfo& game = f.info();
+        t.click(formName, "cmdPlay");
+        for (int round = 1; round < game.normalRounds; ++round)
+            t.fake.advance(g.RoundSeconds * 1000 + 21 * 250);
+        ASSERT_EQ(g.RoundNumber, game.normalRounds);
+        // Duomatch: one point below. Hitspree: exactly the score is not enough.
+        g.Score = game.bonusNeedsMoreThanScore ? g.BonusRoundScore : g.BonusRoundScore - 1;
+        t.fake.advance(g.RoundSeconds * 1000 + 10 * 250 + 2000);
+        EXPECT_FALSE(g.GameInProgress);
+        EXPECT_EQ(f.lblMessage.caption(), "Game Over");
+    }
+}
+
+TEST(Frame, PauseResumeAndDialogsKeepTheRoundClockStill) {
+    TestProgram t;
+    GameFrame& f = t.openGame("frmTierfall");
+    auto& g = t.prog.state;
+    // No game on: About opens and closes with no pause.
+    t.fake.queueModal([&](Form& about) {
+        EXPECT_EQ(about.caption(), "About Tierfall!");
+        EXPECT_EQ(about.find("lblStats")->caption(),
+                  "You have played Tierfall! 1 times.This session has lasted 0 minutes.Thanks for "
+                  "playing!");
+        EXPECT_FALSE(userClick(f.cmdPlay));  // the game form waits behind the dialog
+        t.click("frmAbout", "cmdCoolDude");
+    });
+    t.click("frmTierfall", "mnuAbout");
+    EXPECT_FALSE(f.isPaused());
+    EXPECT_EQ(t.prog.findForm("frmAbout"), nullptr);
+
+    t.click("frmTierfall", "cmdPlay");
+    t.fake.advance(5000);
+    EXPECT_EQ(g.ElapsedSeconds, 5);
+    // A dialog during a round pauses it and resumes it after.
+    t.fake.queueModal([&](Form&) {
+        EXPECT_TRUE(f.isPaused());
+        t.fake.advance(10000);
+        t.click("frmAbout", "cmdCoolDude");
+    });
+    t.click("frmTierfall", "mnuAbout");
+    EXPECT_EQ(g.ElapsedSeconds, 5);
+    EXPECT_FALSE(f.isPaused());
+    EXPECT_TRUE(t.fake.isRunning(f.Timer1));
+    EXPECT_EQ(f.cmdPause.caption(), "Pau&se");
+
+    // Paused by hand, a dialog leaves it paused.
+    t.click("frmTierfall", "cmdPause");
+    EXPECT_EQ(f.cmdPause.caption(), "&Resume");
+    EXPECT_EQ(f.mnuPause.caption(), "&Resume");
+    EXPECT_EQ(f.cmdPause.toolTipText(), "Resumes the current game");
+    EXPECT_TRUE(f.lblMessage.visible());
+    EXPECT_EQ(f.lblMessage.foreColor(), colors::Red);
+    EXPECT_FALSE(f.cmdPlay.enabled());
+    EXPECT_FALSE(f.cmdExit.enabled());
+    EXPECT_FALSE(f.cmdTakeScore->enabled());
+    t.fake.queueModal([&](Form&) { t.click("frmAbout", "cmdCoolDude"); });
+    t.click("frmTierfall", "mnuAbout");
+    EXPECT_TRUE(f.isPaused());
+    EXPECT_FALSE(t.fake.isRunning(f.Timer1));
+    t.fake.advance(20000);
+    EXPECT_EQ(g.ElapsedSeconds, 5);
+
+    // Minimised while paused and restored: still paused.
+    f.setWindowState(WindowState::Minimized);
+    f.setWindowState(WindowState::Normal);
+    EXPECT_TRUE(f.isPaused());
+    EXPECT_FALSE(t.fake.isRunning(f.Timer1));
+    t.click("frmTierfall", "mnuPause");
+    EXPECT_FALSE(f.lblMessage.visible());
+    EXPECT_EQ(f.lblMessage.caption(), "");
+    EXPECT_TRUE(f.cmdPlay.enabled());
+    // Minimised while playing: the clock stands still, and goes on when restored.
+    t.fake.advance(2000);
+    EXPECT_EQ(g.ElapsedSeconds, 7);
+    f.setWindowState(WindowState::Minimized);
+    t.fake.advance(30000);
+    EXPECT_EQ(g.ElapsedSeconds, 7);
+    f.setWindowState(WindowState::Normal);
+    t.fake.advance(1000);
+    EXPECT_EQ(g.ElapsedSeconds, 8);
+    EXPECT_TRUE(t.fake.takeErrors().empty());
+}
+
+TEST(Frame, MusicFollowsTheRoundsPauseAndTheMenu) {
+    TestProgram t;
+    GameFrame& f = t.openGame("frmWildslot");
+    t.click("frmWildslot", "mnuMusic");
+    EXPECT_TRUE(t.prog.state.MusicOn);
+    EXPECT_TRUE(f.mnuMusic.checked());
+    t.fake.takeLog();
+    t.click("frmWildslot", "cmdPlay");
+    EXPECT_TRUE(logHas(t.fake.takeLog(), "music start Orlund.MID"));
+    t.click("frmWildslot", "cmdPause");
+    EXPECT_TRUE(logHas(t.fake.takeLog(), "music stop"));
+    t.click("frmWildslot", "mnuMusic");  // off during a pause
+    t.click("frmWildslot", "mnuMusic");  // on again: nothing starts until the resume
+    EXPECT_FALSE(logHas(t.fake.takeLog(), "music start Orlund.MID"));
+    t.click("frmWildslot", "cmdPause");
+    EXPECT_TRUE(logHas(t.fake.takeLog(), "music start Orlund.MID"));
+    t.click("frmWildslot", "mnuMusic");
+    EXPECT_TRUE(logHas(t.fake.takeLog(), "music stop"));
+    t.click("frmWildslot", "mnuSounds");
+    EXPECT_FALSE(t.prog.state.SoundsOn);
+    EXPECT_FALSE(f.mnuSounds.checked());
+}
+
+TEST(Frame, TakeScoreQueuedDuringScoringIsIgnored) {
+    TestProgram t;
+    GameFrame& f = t.openGame("frmDuomatch");
+    auto& g = t.prog.state;
+    t.click("frmDuomatch", "cmdPlay");
+    t.fake.advance(5000);
+    // The click arrives while the round's end is still flashing: at the next DoEvents,
+    // which the next round's deal makes while TakingScore is still set.
+    int calls = 0;
+    t.fake.post([&] {
+        ++calls;
+        f.cmdTakeScore->Click();
+    });
+    t.click("frmDuomatch", "cmdTakeScore");
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(g.RoundNumber, 2);
+    EXPECT_FALSE(g.TakingScore);
+    EXPECT_TRUE(g.GameInProgress);
+    EXPECT_EQ(g.ElapsedSeconds, 0);
+}
+
+TEST(Frame, EndGameQuestionAndUnloadQuestions) {
+    TestProgram t;
+    GameFrame& f = t.openGame("frmTierfall");
+    auto& g = t.prog.state;
+    t.click("frmTierfall", "cmdPlay");
+    t.fake.advance(3000);
+    // End Game, answered No: nothing changes.
+    t.fake.queueAnswer(MsgResult::No);
+    t.click("frmTierfall", "cmdPlay");
+    EXPECT_EQ(t.fake.messages().back(),
+              "You have a game in progress, are you sure you want to quit now?");
+    EXPECT_TRUE(g.GameInProgress);
+    EXPECT_TRUE(t.fake.isRunning(f.Timer1));
+
+    // The close box during a game: paused under the question, and No resumes it.
+    t.fake.queueAnswer(MsgResult::No);
+    t.fake.onCloseRequest(f);
+    EXPECT_EQ(t.fake.messages().back(),
+              "You have a game in progress. Are you sure you want to quit now?");
+    EXPECT_NE(t.prog.findForm("frmTierfall"), nullptr);
+    EXPECT_FALSE(f.isPaused());
+    EXPECT_TRUE(t.fake.isRunning(f.Timer1));
+    const auto log = t.fake.takeLog();
+    EXPECT_TRUE(logHas(log,
+                       "msgbox Tierfall! | question | You have a game in progress. Are you "
+                       "sure you want to quit now? -> No"));
+
+    // End Game, Yes: back to idle with the splash, nothing recorded.
+    t.fake.queueAnswer(MsgResult::Yes);
+    t.click("frmTierfall", "cmdPlay");
+    EXPECT_FALSE(g.GameInProgress);
+    EXPECT_TRUE(f.frmSplash.visible());
+    EXPECT_EQ(f.cmdPlay.caption(), "&Play");
+    EXPECT_FALSE(f.cmdPause.enabled());
+    EXPECT_TRUE(t.fake.isRunning(f.Timer4));
+    EXPECT_FALSE(t.fake.isRunning(f.Timer1));
+
+    // Five minutes on, the question changes; No keeps the form.
+    t.fake.advance(5 * 60 * 1000);
+    t.fake.queueAnswer(MsgResult::No);
+    t.click("frmTierfall", "cmdExit");
+    EXPECT_EQ(t.fake.messages().back(),
+              "Are you sure you want to quit now? Were just getting started!");
+    EXPECT_TRUE(f.visible());
+    t.fake.queueAnswer(MsgResult::Yes);
+    t.click("frmTierfall", "mnuExit");
+    EXPECT_EQ(t.prog.findForm("frmTierfall"), nullptr);
+    EXPECT_TRUE(t.select.visible());
+    EXPECT_TRUE(t.fake.takeErrors().empty());
+}
+
+TEST(Frame, GamesThatDoNotPauseLeaveTheRoundRunningUnderTheQuestion) {
+    TestProgram t;
+    GameFrame& f = t.openGame("frmSpirefold");
+    t.click("frmSpirefold", "cmdPlay");
+    t.fake.queueAnswer(MsgResult::No);
+    t.click("frmSpirefold", "cmdExit");
+    EXPECT_FALSE(f.isPaused());
+    EXPECT_TRUE(t.fake.isRunning(f.Timer1));
+    t.fake.queueAnswer(MsgResult::Yes);
+    t.click("frmSpirefold", "cmdExit");
+    EXPECT_EQ(t.prog.findForm("frmSpirefold"), nullptr);
+    EXPECT_FALSE(t.prog.state.GameInProgress);
+}
+
+TEST(Frame, BackDesignMenusFollowEachGamesNumbering) {
+    TestProgram t;
+    struct Case {
+        const char* form;
+        const char* menu;
+        int deckBack;
+        const char* back;
+    };
+    for (const Case& c : {Case{"frmSpirefold", "mnuNight", 3, "night-back"},
+                          Case{"frmFivestack", "mnuHot", 1, "hot-back"},
+                          Case{"frmHitspree", "mnuPalm", 4, "palm-back"},
+                          Case{"frmWildslot", "mnuNight", 2, "night-back"},
+                          Case{"frmWildslot", "mnuMagic", 3, "magic-back"}}) {
+        SCOPED_TRACE(std::string(c.form) + " " + c.menu);
+        GameFrame& f = t.openGame(c.form);
+        t.click(c.form, c.menu);
+        EXPECT_EQ(t.prog.state.DeckBack, c.deckBack);
+        EXPECT_EQ(t.prog.pictures.picture("BACK"), c.back);
+        int checked = 0;
+        for (Menu* m : f.mnuDeck->children())
+            checked += m->checked();
+        EXPECT_EQ(checked, 1);
+        EXPECT_TRUE(t.control(c.form, c.menu).checked());
+        t.fake.queueAnswer(MsgResult::Yes);
+        t.click(c.form, "cmdExit" == f.info().exitButton ? "cmdExit" : f.info().exitButton.c_str());
+    }
+    // Hitspree opens on its own default, Night Castle, whatever the last game chose.
+    GameFrame& h = t.openGame("frmHitspree");
+    EXPECT_EQ(t.prog.state.DeckBack, 3);
+    EXPECT_EQ(t.prog.pictures.picture("BACK"), "night-back");
+    EXPECT_TRUE(h.mnuNight->checked());
+    EXPECT_EQ(t.prog.findForm("frmLettermine"), nullptr);
+}
+
+TEST(Frame, NormalWindowIsHeldAtItsSmallestSize) {
+    TestProgram t;
+    GameFrame& f = t.openGame("frmHitspree");
+    f.setSize(5000, 4000);
+    EXPECT_EQ(f.width(), 9060);
+    EXPECT_EQ(f.height(), 7155);
+    f.setSize(12000, 9000);
+    EXPECT_EQ(f.width(), 12000);
+    // The side panel follows the right edge.
+    EXPECT_GT(f.cmdPlay.left() + f.cmdPlay.width(), 12000 - 600);
+    EXPECT_LT(f.cmdPlay.left() + f.cmdPlay.width(), f.scaleWidth());
+    f.setWindowState(WindowState::Maximized);
+    f.setSize(5000, 4000);
+    EXPECT_EQ(f.width(), 5000);
+}
+
+}  // namespace corvanna

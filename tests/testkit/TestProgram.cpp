@@ -1,0 +1,57 @@
+#include "testkit/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "common/FileStore.h"
+#include "forms/Input.h"
+#include "games/GameRegistry.h"
+#include "shell/Startup.h"
+
+namespace corvanna {
+
+namespace {
+std::string folderFor(QTemporaryDir& tmp, const std::string& given) {
+    return given.empty() ? tmp.path().toStdString() : given;
+}
+}  // namespace
+
+TestProgram::TestProgram(std::uint64_t seed, const std::string& dataDir)
+    : prog(fake, folderFor(tmp, dataDir), seed), select(startSelector(prog)) {}
+
+Form& TestProgram::form(const std::string& name) {
+    Form* f = prog.findForm(name);
+    if (!f)
+        throw std::runtime_error("no form " + name);
+    return *f;
+}
+
+Control& TestProgram::control(const std::string& formName, const std::string& name, int index) {
+    Control* c = form(formName).find(name, index);
+    if (!c)
+        throw std::runtime_error("no control " + formName + "." + name);
+    return *c;
+}
+
+void TestProgram::click(const std::string& formName, const std::string& name, int index) {
+    std::string why;
+    const bool ok = userClick(control(formName, name, index), &why);
+    EXPECT_TRUE(ok) << why;
+}
+
+GameFrame& TestProgram::openGame(const std::string& formName) {
+    const GameInfo* game = findGame(formName);
+    if (!game)
+        throw std::runtime_error("no game " + formName);
+    click("frmSelect", game->button);
+    return dynamic_cast<GameFrame&>(form(formName));
+}
+
+std::string TestProgram::file(const std::string& plainName) const {
+    std::string text;
+    readWholeFile(prog.filePath(plainName), text);
+    return text;
+}
+
+}  // namespace corvanna

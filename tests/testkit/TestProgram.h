@@ -1,0 +1,33 @@
+#pragma once
+// A whole program on the virtual platform, in a fresh data folder: the
+// selector is up, and a test clicks its way from there.
+
+#include <QTemporaryDir>
+#include <string>
+
+#include "common/Program.h"
+#include "common/frame/GameFrame.h"
+#include "testkit/FakePlatform.h"
+
+namespace corvanna {
+
+class TestProgram {
+public:
+    explicit TestProgram(std::uint64_t seed = 1, const std::string& dataDir = "");
+
+    FakePlatform fake;
+    QTemporaryDir tmp;
+    Program prog;
+    Form& select;
+
+    std::string dataDir() const { return prog.dataDir(); }
+    Form& form(const std::string& name);
+    Control& control(const std::string& formName, const std::string& name, int index = -1);
+    // A user's click; fails the test when the control takes no click.
+    void click(const std::string& formName, const std::string& name, int index = -1);
+    // Clicks the game's button on the selector and hands back its form.
+    GameFrame& openGame(const std::string& formName);
+    std::string file(const std::string& plainName) const;
+};
+
+}  // namespace corvanna
