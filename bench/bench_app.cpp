@@ -1,0 +1,68 @@
+// The program as main() brings it up, with a measurement at the end:
+//   bench_app startup             the selector on show and painted, then quit
+//   bench_app memory FORM         the selector and a game form open: resident KiB
+//   bench_app idle FORM SECONDS   a game form sitting idle: CPU use in percent of one core
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "BenchCommon.h"
+#include "common/Program.h"
+#include "forms/Input.h"
+#include "games/GameRegistry.h"
+#include "qt/QtPlatform.h"
+#include "shell/Startup.h"
+
+using namespace corvanna;
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    const std::string mode = argc > 1 ? argv[1] : "startup";
+    QTemporaryDir dir;
+    QtPlatform platform;
+    Program prog(platform, dir.path().toStdString(), 1);
+    Form& select = startSelector(prog);
+
+    auto openGame = [&](const char* formName) -> bool {
+        const GameInfo* game = findGame(formName);
+        Control* button = game ? select.find(game->button) : nullptr;
+        return button && userClick(*button);
+    };
+
+    if (mode == "startup") {
+        QTimer::singleShot(0, [&] { app.quit(); });
+    } else if (mode == "memory" && argc > 2) {
+        if (!openGame(argv[2]))
+            return 2;
+        QTimer::singleShot(300, [&] {
+            std::printf("rss_kib %ld\n", residentKiB());
+            app.quit();
+        });
+    } else if (mode == "idle" && argc > 3) {
+        if (!openGame(argv[2]))
+            return 2;
+        const int seconds = std::atoi(argv[3]);
+        // Let the window settle first, then measure only the idle stretch.
+        QTimer::singleShot(1000, [&, seconds] {
+            const double cpu0 = cpuSeconds();
+            QElapsedTimer wall;
+            wall.start();
+            QTimer::singleShot(seconds * 1000, [&, cpu0, wall] {
+                const double cpu = cpuSeconds() - cpu0;
+                std::printf("idle_cpu_percent %.3f over %.1f s\n",
+                            100.0 * cpu / (wall.elapsed() / 1000.0), wall.elapsed() / 1000.0);
+                app.quit();
+            });
+        });
+    } else {
+        std::fputs("usage: bench_app startup | memory FORM | idle FORM SECONDS\n", stderr);
+        return 2;
+    }
+    return app.exec();
+}
