@@ -1,0 +1,77 @@
+// The about box: its caption, the play count kept across runs, the session minutes.
+
+#include <gtest/gtest.h>
+
+#include "testkit/TestProgram.h"
+
+namespace corvanna {
+
+namespace {
+std::string aboutStats(TestProgram& t, const std::string& gameForm) {
+    std::string stats;
+    t.fake.queueModal([&](Form& about) {
+        stats = about.find("lblStats")->caption();
+        EXPECT_EQ(about.find("cmdCoolDude")->caption(), "&Cool Dude");
+        t.click("frmAbout", "cmdCoolDude");
+    });
+    t.click(gameForm, "mnuAbout");
+    return stats;
+}
+
+void leave(TestProgram& t, const std::string& gameForm, const std::string& exitButton) {
+    t.fake.queueAnswer(MsgResult::Yes);
+    t.click(gameForm, exitButton);
+}
+}  // namespace
+
+TEST(About, CountsEachOpeningAndTheMinutesOfThisForm) {
+    QTemporaryDir dir;
+    const std::string data = dir.path().toStdString();
+    {
+        TestProgram t(1, data);
+        t.openGame("frmLettermine");
+        EXPECT_EQ(aboutStats(t, "frmLettermine"),
+                  "You have played Lettermine! 1 times.This session has lasted 0 minutes.Thanks "
+                  "for playing!");
+        // 61 seconds from 9:00:00 crosses one minute boundary.
+        t.fake.advance(61000);
+        EXPECT_EQ(aboutStats(t, "frmLettermine"),
+                  "You have played Lettermine! 1 times.This session has lasted 1 minutes.Thanks "
+                  "for playing!");
+        leave(t, "frmLettermine", "cmdExit");
+        // Another game counts on its own, and its session starts again at 0.
+        t.openGame("frmColclear");
+        EXPECT_EQ(aboutStats(t, "frmColclear"),
+                  "You have played Colclear! 1 times.This session has lasted 0 minutes.Thanks for "
+                  "playing!");
+        leave(t, "frmColclear", "cmdQuit");
+        t.openGame("frmLettermine");
+        EXPECT_EQ(t.prog.state.GamesPlayedCount, 2);
+    }
+    // The counts live across runs of the program.
+    TestProgram again(1, data);
+    again.openGame("frmLettermine");
+    EXPECT_EQ(again.prog.state.GamesPlayedCount, 3);
+    EXPECT_EQ(again.file("Played.ini"), "[Colclear!]\r\n1\r\n\r\n[Lettermine!]\r\n3\r\n\r\n");
+    EXPECT_TRUE(again.fake.takeErrors().empty());
+}
+
+TEST(About, DamagedPlayCountsStartAgainWithoutAFuss) {
+    QTemporaryDir dir;
+    const std::string data = dir.path().toStdString();
+    {
+        TestProgram t(1, data);
+        QFile f(QString::fromStdString(data + "/Played.ini"));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("[Tierfall!]\r\nlots\r\n[Wildslot!]\r\n-4\r\n[Gridflush!]\r\n32767\r\n\x01\x02");
+    }
+    TestProgram t(1, data);
+    t.openGame("frmTierfall");
+    EXPECT_EQ(t.prog.state.GamesPlayedCount, 1);
+    leave(t, "frmTierfall", "cmdExit");
+    t.openGame("frmGridflush");
+    EXPECT_EQ(t.prog.state.GamesPlayedCount, 32767);  // held at the largest 16-bit count
+    EXPECT_TRUE(t.fake.messages().size() == 1);       // only the question on leaving
+}
+
+}  // namespace corvanna
