@@ -336,6 +336,34 @@ TEST(Frame, TakeScoreQueuedDuringScoringIsIgnored) {
     EXPECT_EQ(g.ElapsedSeconds, 0);
 }
 
+TEST(Frame, ClicksHeldDuringTheEndOfARoundDoNotPauseOrEndTheNextOne) {
+    TestProgram t;
+    GameFrame& f = t.openGame("frmTierfall");
+    auto& g = t.prog.state;
+    t.click("frmTierfall", "mnu30");
+    t.click("frmTierfall", "cmdPlay");
+    // Pause, End Game, Exit and the close box, clicked while "Times Up!" flashes: held
+    // until the next round's DoEvents.
+    f.lblMessage.subscribe([&](Control& c, Prop p) {
+        if (p != Prop::Caption || c.caption() != "Times Up!")
+            return;
+        t.fake.post([&] { userClick(f.cmdPause); });
+        t.fake.post([&] { userClick(f.cmdPlay); });
+        t.fake.post([&] { userClick(f.cmdExit); });
+        t.fake.post([&] { t.fake.onCloseRequest(f); });
+    });
+    t.fake.advance(30000 + 21 * 250);
+    EXPECT_EQ(g.RoundNumber, 2);
+    EXPECT_FALSE(f.isPaused());
+    EXPECT_EQ(f.cmdPause.caption(), "Pau&se");
+    EXPECT_TRUE(f.cmdPlay.enabled());
+    EXPECT_TRUE(t.fake.isRunning(f.Timer1));
+    EXPECT_TRUE(t.fake.messages().empty());
+    EXPECT_NE(t.prog.findForm("frmTierfall"), nullptr);
+    t.fake.advance(1000);
+    EXPECT_EQ(g.ElapsedSeconds, 1);
+}
+
 TEST(Frame, EndGameQuestionAndUnloadQuestions) {
     TestProgram t;
     GameFrame& f = t.openGame("frmTierfall");

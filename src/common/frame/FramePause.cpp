@@ -64,6 +64,11 @@ void GameFrame::RunPausingDialog(const std::function<void()>& dialog) {
 }
 
 void GameFrame::Form_Unload(bool& cancel) {
+    // The close box held during the end of a round: the round goes on being dealt.
+    if (endingRound_) {
+        cancel = true;
+        return;
+    }
     const bool wasPaused = isPaused();
     bool pausedHere = false;
     std::string question;

@@ -111,6 +111,7 @@ void GameFrame::Timer1_Timer() {
         SetStatus(2, "Better Hurry!");
 
     if (g_.ElapsedSeconds == g_.RoundSeconds) {
+        endingRound_ = true;
         Timer1.stop();
         ShowCards(false);
         HideSelection();
@@ -118,7 +119,7 @@ void GameFrame::Timer1_Timer() {
         lblMessage.setVisible(true);
         SetStatus(2, "Time has expired!");
         FlashMessage(ms::FlashesAtTimeOut);
-        TakeScore();
+        RunEndOfRound();
         if (lblMessage.caption() != "Game Over")
             lblMessage.setVisible(false);
     }
@@ -138,6 +139,12 @@ void GameFrame::EnableCommands(bool enabled) {
         cmdTakeScore->setEnabled(enabled);
     if (mnuTakeScore)
         mnuTakeScore->setEnabled(enabled);
+}
+
+void GameFrame::RunEndOfRound() {
+    endingRound_ = true;
+    TakeScore();
+    endingRound_ = false;
 }
 
 void GameFrame::TakeScore() {

@@ -156,22 +156,32 @@ void GameFrame::buildMenus() {
 }
 
 void GameFrame::wireHandlers() {
-    cmdPlay.Click = [this] { Play(); };
-    mnuPlay.Click = [this] { Play(); };
-    cmdPause.Click = [this] { Pause(); };
-    mnuPause.Click = [this] { Pause(); };
+    auto unlessEndingRound = [this](void (GameFrame::*handler)()) {
+        return [this, handler] {
+            if (!endingRound_)
+                (this->*handler)();
+        };
+    };
+    cmdPlay.Click = unlessEndingRound(&GameFrame::Play);
+    mnuPlay.Click = unlessEndingRound(&GameFrame::Play);
+    cmdPause.Click = unlessEndingRound(&GameFrame::Pause);
+    mnuPause.Click = unlessEndingRound(&GameFrame::Pause);
     auto takeScore = [this] {
         // A Take Score that was queued behind the scoring is ignored.
-        if (g_.TakingScore)
+        if (g_.TakingScore || endingRound_)
             return;
-        TakeScore();
+        RunEndOfRound();
     };
     if (cmdTakeScore)
         cmdTakeScore->Click = takeScore;
     if (mnuTakeScore)
         mnuTakeScore->Click = takeScore;
-    cmdExit.Click = [this] { prog_.requestUnload(*this); };
-    mnuExit.Click = [this] { prog_.requestUnload(*this); };
+    auto leave = [this] {
+        if (!endingRound_)
+            prog_.requestUnload(*this);
+    };
+    cmdExit.Click = leave;
+    mnuExit.Click = leave;
     Timer1.OnTimer = [this] { Timer1_Timer(); };
     Timer2.OnTimer = [this] { Timer2_Timer(); };
     Timer3.OnTimer = [this] { Timer3_Timer(); };

@@ -166,6 +166,12 @@ private:
     void layout();
     void placeSplash();
 
+    // Runs the game's TakeScore with held clicks kept out until the next round is dealt.
+    void RunEndOfRound();
+
+    // The end of a round is running: a click held during its waits arrives at the next
+    // round's DoEvents and must not pause or end a round that is being dealt.
+    bool endingRound_ = false;
     int splashIndex_ = 0;
     bool splashUp_ = true;
     bool splashFaces_ = false;

@@ -1,0 +1,406 @@
+// The driver as a user of it sees it: a process fed a script on stdin, its
+// stdout compared with what the program must say.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Result {
+    int exitCode = -1;
+    std::string out;
+    std::string err;
+};
+
+std::string readAll(const fs::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    std::ostringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+void writeAll(const fs::path& p, const std::string& text) {
+    std::ofstream out(p, std::ios::binary);
+    out << text;
+}
+
+std::vector<std::string> lines(const std::string& text) {
+    std::vector<std::string> out;
+    std::istringstream in(text);
+    for (std::string l; std::getline(in, l);)
+        out.push_back(l);
+    return out;
+}
+
+// A fresh folder per test, gone afterwards.
+class TempDir {
+public:
+    TempDir() {
+        const fs::path base = ::testing::TempDir();
+        std::string templ = (base / "corvanna-drive-test-XXXXXX").string();
+        if (::mkdtemp(templ.data()))
+            path_ = templ;
+    }
+    ~TempDir() {
+        std::error_code ec;
+        if (!path_.empty())
+            fs::remove_all(path_, ec);
+    }
+    const fs::path& path() const { return path_; }
+
+private:
+    fs::path path_;
+};
+
+// Runs the driver with the script on stdin; stdout and stderr through files, so a
+// large output cannot block it. An alarm in the child ends a hung driver.
+Result runDriver(const std::string& script, const std::vector<std::string>& args) {
+    TempDir io;
+    const fs::path in = io.path() / "in.cmd", out = io.path() / "out.txt",
+                   err = io.path() / "err.txt";
+    writeAll(in, script);
+    Result run;
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        const int fin = ::open(in.c_str(), O_RDONLY);
+        const int fout = ::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+        const int ferr = ::open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+        if (fin < 0 || fout < 0 || ferr < 0)
+            ::_exit(126);
+        ::dup2(fin, 0);
+        ::dup2(fout, 1);
+        ::dup2(ferr, 2);
+        ::alarm(60);
+        std::vector<char*> argv{const_cast<char*>(CORVANNA_DRIVE)};
+        for (const auto& a : args)
+            argv.push_back(const_cast<char*>(a.c_str()));
+        argv.push_back(nullptr);
+        ::execv(CORVANNA_DRIVE, argv.data());
+        ::_exit(127);
+    }
+    int status = 0;
+    if (pid > 0 && ::waitpid(pid, &status, 0) == pid) {
+        if (WIFEXITED(status))
+            run.exitCode = WEXITSTATUS(status);
+        else if (WIFSIGNALED(status))
+            run.exitCode = 1000 + WTERMSIG(status);
+    }
+    run.out = readAll(out);
+    run.err = readAll(err);
+    return run;
+}
+
+// The usual run: a fresh data folder and seed 1.
+class Drive : public ::testing::Test {
+protected:
+    Result drive(const std::string& script) {
+        return runDriver(script, {"--data-dir", data.path().string(), "--seed", "1"});
+    }
+    TempDir data;
+};
+
+TEST(DriveOptions, HelpListsEveryCommandAndOptionAndBadOptionsExitTwo) {
+    const Result help = runDriver("", {"--help"});
+    EXPECT_EQ(help.exitCode, 0);
+    for (const char* word : {"--data-dir DIR",
+                             "--seed N",
+                             "--help",
+                             "click FORM.CONTROL",
+                             "type FORM.CONTROL TEXT",
+                             "select FORM.CONTROL INDEX",
+                             "advance MS",
+                             "answer Yes|No|OK|Cancel",
+                             "get FORM.CONTROL",
+                             "get FORM.PROPERTY",
+                             "get VARIABLE",
+                             "dump FORM",
+                             "\n  log ",
+                             "resize FORM W H",
+                             "minimize FORM",
+                             "restore FORM",
+                             "close FORM",
+                             "watch FORM",
+                             "RoundSeconds",
+                             "TakingScore",
+                             "FormLoadTime",
+                             "Deck(N)"})
+        EXPECT_NE(help.out.find(word), std::string::npos) << word;
+
+    for (const std::vector<std::string>& bad : {std::vector<std::string>{"--frobnicate"},
+                                                {"--seed", "abc"},
+                                                {"--seed", "-1"},
+                                                {"--seed"},
+                                                {"--data-dir"},
+                                                {"stray"}}) {
+        const Result r = runDriver("get AppTitle\n", bad);
+        EXPECT_EQ(r.exitCode, 2) << bad[0];
+        EXPECT_EQ(r.out, "") << bad[0];
+        EXPECT_NE(r.err.find("Usage: corvanna-drive"), std::string::npos) << bad[0];
+    }
+}
+
+TEST_F(Drive, SelectorComesUpWithItsNineGames) {
+    struct Game {
+        const char* button;
+        const char* caption;
+        const char* tip;
+    };
+    const Game games[] = {
+        {"cmdTierfall", "&Tierfall", "Play Tierfall!"},
+        {"cmdFivestack", "&Fivestack", "Play Fivestack!"},
+        {"cmdHitspree", "&Hitspree", "Play Hitspree!"},
+        {"cmdSpirefold", "&Spirefold", "Play Spirefold!"},
+        {"cmdDuomatch", "&Duomatch", "Play Duomatch!"},
+        {"cmdGridflush", "&Gridflush", "Play Gridflush!"},
+        {"cmdColclear", "&Colclear", "Play Colclear!"},
+        {"cmdLettermine", "&Lettermine", "Play Lettermine!"},
+        {"cmdWildslot", "&Wildslot", "Play Wildslot!"},
+    };
+    std::string script = "get frmSelect.Caption\nget frmSelect.frmGameChoice.Caption\n";
+    std::string expected = "The Corvanna Collection\nSelect your game\n";
+    for (const auto& g : games) {
+        script += std::string("get frmSelect.") + g.button + ".Caption\n";
+        script += std::string("get frmSelect.") + g.button + ".ToolTipText\n";
+        expected += std::string(g.caption) + "\n" + g.tip + "\n";
+    }
+    script += "get frmSelect.Visible\nlog\n";
+    expected += "True\nshow frmSelect\n";
+    const Result r = drive(script);
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, expected);
+    EXPECT_EQ(r.err, "");
+}
+
+TEST_F(Drive, GameButtonShowsTheGameAndHidesTheSelector) {
+    const Result r = drive(
+        "log\n"
+        "click frmSelect.cmdTierfall\n"
+        "log\n"
+        "get AppTitle\n"
+        "get frmTierfall.Caption\n"
+        "get frmSelect.Visible\n"
+        "get frmTierfall.Visible\n"
+        "click frmSelect.cmdFivestack\n");
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out,
+              "show frmSelect\n"
+              "show frmTierfall\n"
+              "hide frmSelect\n"
+              "Tierfall!\n"
+              "Tierfall!\n"
+              "False\n"
+              "True\n"
+              "error: frmSelect.cmdFivestack is on a form that is not shown\n");
+}
+
+// Each bad line says what is wrong in exactly one error line, and the driver goes on.
+TEST_F(Drive, BadInputGivesOneErrorPerLineAndTheDriverGoesOn) {
+    std::vector<std::string> bad{
+        "advance -5",
+        "advance abc",
+        "advance 99999999999999",
+        "advance 86400001",
+        "advance",
+        "frobnicate now",
+        "get frmNowhere.Caption",
+        "get frmSelect.cmdNowhere.Caption",
+        "get frmSelect.cmdClose.NoSuchProperty",
+        "get frmSelect.NoSuchProperty",
+        "get NoSuchVariable",
+        "get Deck(0)",
+        "get Deck(x)",
+        "get frmSelect",
+        "get frmSelect.imgSplashImage.Picture",
+        "get frmSelect.imgSplashImage(8).Picture",
+        "get frmSelect.imgSplashImage(-1).Picture",
+        "get frmSelect.imgSplashImage(2.Picture",
+        "get frmSelect.imgSplashImage(99999999999).Picture",
+        "click frmSelect",
+        "click",
+        "click frmSelect.cmdClose extra",
+        "type frmSelect.cmdClose text",
+        "select frmSelect.cmdClose 1",
+        "select frmSelect.cmdClose -1",
+        "answer Perhaps",
+        "resize frmSelect 0 7000",
+        "resize frmSelect 9000",
+        "resize frmNowhere 9000 7000",
+        "minimize frmNowhere",
+        "close frmNowhere",
+        "dump frmNowhere",
+        "log now",
+        "unwatch frmSelect.Caption",
+        std::string(200000, 'x'),
+        std::string("\x01\x02\xff\xfe junk \x7f", 11),
+        std::string("get frmSelect.\x01\x02", 16),
+        std::string(2000000, 'z'),  // past the line limit
+    };
+    std::string script;
+    for (std::size_t i = 0; i < bad.size(); ++i)
+        script += "echo mark " + std::to_string(i) + "\n" + bad[i] + "\n";
+    script += "echo end\nget frmSelect.Caption\nget Score\n";
+    const Result r = drive(script);
+    EXPECT_EQ(r.exitCode, 0);
+    const auto out = lines(r.out);
+    // mark, one error, mark, one error, ..., end, the two answers.
+    ASSERT_EQ(out.size(), bad.size() * 2 + 3) << r.out.substr(0, 4000);
+    for (std::size_t i = 0; i < bad.size(); ++i) {
+        EXPECT_EQ(out[2 * i], "mark " + std::to_string(i));
+        EXPECT_EQ(out[2 * i + 1].rfind("error: ", 0), 0u) << bad[i].substr(0, 60);
+        EXPECT_LT(out[2 * i + 1].size(), 300u) << "error lines stay short";
+    }
+    EXPECT_EQ(out[bad.size() * 2], "end");
+    EXPECT_EQ(out[bad.size() * 2 + 1], "The Corvanna Collection");
+    EXPECT_EQ(out[bad.size() * 2 + 2], "0");
+    // A few of them word for word.
+    EXPECT_EQ(out[1], "error: advance takes whole milliseconds from 0 to 86400000, not '-5'");
+    EXPECT_EQ(out[13], "error: no form named 'frmNowhere' is loaded");
+    EXPECT_EQ(out[31], "error: frmSelect.imgSplashImage has no element (8)");
+}
+
+TEST_F(Drive, DisabledAndHiddenControlsRefuseTheClick) {
+    const Result r = drive(
+        "click frmSelect.cmdTierfall\n"
+        "click frmTierfall.cmdPause\n"
+        "click frmTierfall.mnuPause\n"
+        "click frmTierfall.cmdTakeScore\n"
+        "click frmTierfall.mnuBreak0\n"
+        "get frmTierfall.lblMessage.Caption\n"
+        "get GameInProgress\n"
+        "click frmTierfall.cmdPlay\n"
+        "click frmTierfall.cmdPause\n"
+        "get frmTierfall.lblMessage.Caption\n"
+        "click frmTierfall.cmdTakeScore\n"
+        "click frmTierfall.mnuTime\n"
+        "minimize frmTierfall\n"
+        "click frmTierfall.cmdPause\n");
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out,
+              "error: frmTierfall.cmdPause is disabled\n"
+              "error: frmTierfall.mnuPause is disabled\n"
+              "error: frmTierfall.cmdTakeScore is disabled\n"
+              "error: frmTierfall.mnuBreak0 is a separator\n"
+              "\n"
+              "False\n"
+              "Game Paused\n"
+              "error: frmTierfall.cmdTakeScore is disabled\n"
+              "error: frmTierfall.mnuTime is disabled\n"
+              "error: frmTierfall.cmdPause is not visible\n");
+}
+
+TEST_F(Drive, AnUnansweredMessageBoxIsAnErrorAndTakesTheDefault) {
+    const Result r = drive(
+        "click frmSelect.cmdTierfall\n"
+        "log\n"
+        "close frmTierfall\n"
+        "log\n"
+        "click frmSelect.cmdTierfall\n"
+        "answer No\n"
+        "close frmTierfall\n"
+        "log\n"
+        "get frmTierfall.Visible\n");
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out,
+              "show frmSelect\n"
+              "show frmTierfall\n"
+              "hide frmSelect\n"
+              "error: unanswered message box: Giving up so soon?\n"
+              "msgbox Tierfall! | question | Giving up so soon? -> Yes\n"
+              "show frmSelect\n"
+              "hide frmTierfall\n"
+              "unload frmTierfall\n"
+              "show frmTierfall\n"
+              "hide frmSelect\n"
+              "msgbox Tierfall! | question | Giving up so soon? -> No\n"
+              "True\n");
+}
+
+TEST_F(Drive, UserIniIsWrittenAtStartAndClosingTheSelectorQuits) {
+    const Result r = drive(
+        "get UserName\n"
+        "click frmSelect.cmdClose\n"
+        "get UserName\n");
+    EXPECT_EQ(r.exitCode, 0);
+    EXPECT_EQ(r.out, "Unknown User\nquit\n");
+    EXPECT_EQ(readAll(data.path() / "User.ini"),
+              "[User Name]\r\nUnknown User\r\n\r\n[Hometown]\r\nUnknown\r\n\r\n[State]\r\nNone"
+              "\r\n\r\n[Country]\r\nUnited States\r\n\r\n");
+}
+
+TEST(DriveOptions, WithoutADataDirATemporaryOneIsUsedAndRemoved) {
+    const Result r = runDriver("get AppPath\nclose frmSelect\n", {});
+    EXPECT_EQ(r.exitCode, 0);
+    const auto out = lines(r.out);
+    ASSERT_EQ(out.size(), 2u) << r.out;
+    EXPECT_EQ(out[1], "quit");
+    ASSERT_GT(out[0].size(), 1u);
+    EXPECT_EQ(out[0].back(), '/');
+    EXPECT_FALSE(fs::exists(out[0])) << out[0];
+}
+
+TEST(DriveOptions, TheSeedDecidesTheDeal) {
+    const std::string script = "click frmSelect.cmdTierfall\nclick frmTierfall.cmdPlay\nget Deck\n";
+    TempDir a, b, c;
+    const Result one = runDriver(script, {"--data-dir", a.path().string(), "--seed", "7"});
+    const Result again = runDriver(script, {"--data-dir", b.path().string(), "--seed=7"});
+    const Result other = runDriver(script, {"--data-dir=" + c.path().string(), "--seed", "8"});
+    ASSERT_EQ(lines(one.out).size(), 1u) << one.out;
+    auto cards = lines(one.out)[0];
+    EXPECT_EQ(std::count(cards.begin(), cards.end(), ' '), 51);
+    EXPECT_EQ(one.out, again.out);
+    EXPECT_NE(one.out, other.out);
+}
+
+// tests/scripts/NAME.cmd against NAME.out, word for word. The data folder's path
+// changes from run to run and reads as DATA. With CORVANNA_UPDATE_TRANSCRIPTS set
+// the .out files are written instead; read every line before keeping them.
+TEST(DriveTranscripts, EveryScriptGivesItsTranscript) {
+    std::vector<fs::path> scripts;
+    for (const auto& e : fs::directory_iterator(CORVANNA_SCRIPTS))
+        if (e.path().extension() == ".cmd")
+            scripts.push_back(e.path());
+    std::sort(scripts.begin(), scripts.end());
+    ASSERT_FALSE(scripts.empty());
+    const bool update = std::getenv("CORVANNA_UPDATE_TRANSCRIPTS") != nullptr;
+    for (const auto& cmd : scripts) {
+        SCOPED_TRACE(cmd.filename().string());
+        TempDir data;
+        Result r = runDriver(readAll(cmd), {"--data-dir", data.path().string(), "--seed", "1"});
+        EXPECT_EQ(r.exitCode, 0);
+        EXPECT_EQ(r.err, "");
+        for (std::size_t at; (at = r.out.find(data.path().string())) != std::string::npos;)
+            r.out.replace(at, data.path().string().size(), "DATA");
+        fs::path expectedFile = cmd;
+        expectedFile.replace_extension(".out");
+        if (update) {
+            writeAll(expectedFile, r.out);
+            continue;
+        }
+        ASSERT_TRUE(fs::exists(expectedFile));
+        const auto want = lines(readAll(expectedFile));
+        const auto got = lines(r.out);
+        for (std::size_t i = 0; i < std::max(want.size(), got.size()); ++i) {
+            const std::string w = i < want.size() ? want[i] : "<end>";
+            const std::string g = i < got.size() ? got[i] : "<end>";
+            if (w != g) {
+                ADD_FAILURE() << "line " << i + 1 << ": expected\n  " << w << "\nbut got\n  " << g;
+                break;
+            }
+        }
+        EXPECT_EQ(r.out, readAll(expectedFile));
+    }
+}
+
+}  // namespace
