@@ -80,9 +80,7 @@ Control::Control(Form& form, ControlKind kind, std::string name, int index, Cont
 
 Control::~Control() {
     // Views let go of their peer here.
-    auto obs = observers_;
-    for (auto& s : obs)
-        s.fn(*this, Prop::Destroyed);
+    observers_.tell(*this, Prop::Destroyed);
 }
 
 std::string Control::fullName() const {
@@ -187,20 +185,15 @@ bool Control::effectivelyEnabled() const {
 }
 
 int Control::subscribe(Observer obs) {
-    observers_.push_back({nextObserverId_, std::move(obs)});
-    return nextObserverId_++;
+    return observers_.add(std::move(obs));
 }
 
 void Control::unsubscribe(int id) {
-    std::erase_if(observers_, [id](const Sub& s) { return s.id == id; });
+    observers_.remove(id);
 }
 
 void Control::notify(Prop p) {
-    if (observers_.empty())
-        return;
-    auto obs = observers_;  // an observer may unsubscribe while told
-    for (auto& s : obs)
-        s.fn(*this, p);
+    observers_.tell(*this, p);
 }
 
 std::vector<std::string> Control::propertyNames() const {

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "forms/Observers.h"
+
 namespace corvanna {
 
 class Form;
@@ -173,12 +175,7 @@ protected:
     std::string mouseIcon_;
 
 private:
-    struct Sub {
-        int id;
-        Observer fn;
-    };
-    std::vector<Sub> observers_;
-    int nextObserverId_ = 1;
+    Observers<Control&, Prop> observers_;
 };
 
 using Label = Control;

@@ -11,9 +11,7 @@ Form::~Form() {
     for (auto& c : controls_)
         if (c->kind() == ControlKind::Timer)
             host_->timerDestroyed(static_cast<Timer&>(*c));
-    auto obs = observers_;
-    for (auto& s : obs)
-        s.fn(*this, Prop::Destroyed);
+    observers_.tell(*this, Prop::Destroyed);
     // Children before their containers, so no view sees a dangling parent.
     while (!controls_.empty())
         controls_.pop_back();
@@ -114,20 +112,15 @@ void Form::setBackColor(Color c) {
 }
 
 int Form::subscribe(Observer obs) {
-    observers_.push_back({nextObserverId_, std::move(obs)});
-    return nextObserverId_++;
+    return observers_.add(std::move(obs));
 }
 
 void Form::unsubscribe(int id) {
-    std::erase_if(observers_, [id](const Sub& s) { return s.id == id; });
+    observers_.remove(id);
 }
 
 void Form::notify(Prop p) {
-    if (observers_.empty())
-        return;
-    auto obs = observers_;
-    for (auto& s : obs)
-        s.fn(*this, p);
+    observers_.tell(*this, p);
 }
 
 std::string Form::property(const std::string& p) const {

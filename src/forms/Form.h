@@ -111,12 +111,7 @@ private:
     bool enabled_ = true;
     MousePointer pointer_ = MousePointer::Default;
     Color backColor_ = colors::ButtonFace;
-    struct Sub {
-        int id;
-        Observer fn;
-    };
-    std::vector<Sub> observers_;
-    int nextObserverId_ = 1;
+    Observers<Form&, Prop> observers_;
     int zCounter_ = 0;
     friend class Control;
 };

@@ -15,12 +15,7 @@ void GameFrame::Pause() {
         Timer1.stop();
         cmdPause.setCaption("&Resume");
         mnuPause.setCaption("&Resume");
-        for (Control* c : std::initializer_list<Control*>{&cmdExit, &cmdPlay, &mnuExit, &mnuPlay})
-            c->setEnabled(false);
-        if (cmdTakeScore)
-            cmdTakeScore->setEnabled(false);
-        if (mnuTakeScore)
-            mnuTakeScore->setEnabled(false);
+        EnableLeavingCommands(false);
         ShowCards(false);
         HideSelection();
         if (g_.MusicOn)
@@ -31,12 +26,7 @@ void GameFrame::Pause() {
         lblMessage.setCaption("");
         cmdPause.setCaption(info_.pauseCaption);
         mnuPause.setCaption(info_.pauseCaption);
-        for (Control* c : std::initializer_list<Control*>{&cmdExit, &cmdPlay, &mnuExit, &mnuPlay})
-            c->setEnabled(true);
-        if (cmdTakeScore)
-            cmdTakeScore->setEnabled(true);
-        if (mnuTakeScore)
-            mnuTakeScore->setEnabled(true);
+        EnableLeavingCommands(true);
         ShowCards(true);
         Timer1.start();
         if (g_.MusicOn && g_.GameInProgress)

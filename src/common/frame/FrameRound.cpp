@@ -42,10 +42,7 @@ void GameFrame::EndGameWithoutScore() {
     g_.GameInProgress = false;
     ShowCards(false);
     ShowControls(true, true);
-    if (cmdTakeScore)
-        cmdTakeScore->setEnabled(false);
-    if (mnuTakeScore)
-        mnuTakeScore->setEnabled(false);
+    EnableTakeScore(false);
     cmdPause.setEnabled(false);
     mnuPause.setEnabled(false);
     Timer1.stop();
@@ -77,10 +74,7 @@ void GameFrame::InitRound() {
     cmdPlay.setToolTipText(info_.endGameTip);
     cmdPause.setEnabled(true);
     mnuPause.setEnabled(true);
-    if (cmdTakeScore)
-        cmdTakeScore->setEnabled(true);
-    if (mnuTakeScore)
-        mnuTakeScore->setEnabled(true);
+    EnableTakeScore(true);
     mnuTime.setEnabled(false);
     mnuCustom.setEnabled(false);
     ShowControls(true, true);
@@ -131,14 +125,23 @@ void GameFrame::Timer2_Timer() {
     DrawClock(static_cast<int>(roundHalfEven(360.0 / g_.RoundSeconds * g_.ClockSeconds)), *this);
 }
 
-void GameFrame::EnableCommands(bool enabled) {
-    for (Control* c : std::initializer_list<Control*>{&cmdPlay, &cmdPause, &cmdExit, &mnuPlay,
-                                                      &mnuPause, &mnuExit})
-        c->setEnabled(enabled);
+void GameFrame::EnableTakeScore(bool enabled) {
     if (cmdTakeScore)
         cmdTakeScore->setEnabled(enabled);
     if (mnuTakeScore)
         mnuTakeScore->setEnabled(enabled);
+}
+
+void GameFrame::EnableLeavingCommands(bool enabled) {
+    for (Control* c : std::initializer_list<Control*>{&cmdExit, &cmdPlay, &mnuExit, &mnuPlay})
+        c->setEnabled(enabled);
+    EnableTakeScore(enabled);
+}
+
+void GameFrame::EnableCommands(bool enabled) {
+    EnableLeavingCommands(enabled);
+    cmdPause.setEnabled(enabled);
+    mnuPause.setEnabled(enabled);
 }
 
 void GameFrame::RunEndOfRound() {
@@ -202,10 +205,7 @@ void GameFrame::GameOver() {
     mnuTime.setEnabled(true);
     cmdPause.setEnabled(false);
     mnuPause.setEnabled(false);
-    if (cmdTakeScore)
-        cmdTakeScore->setEnabled(false);
-    if (mnuTakeScore)
-        mnuTakeScore->setEnabled(false);
+    EnableTakeScore(false);
     if (g_.SkipHighScoreUpdate)
         g_.SkipHighScoreUpdate = false;
     else

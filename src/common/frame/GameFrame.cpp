@@ -261,10 +261,8 @@ void GameFrame::Form_Load() {
     if (cmdTakeScore) {
         cmdTakeScore->setCaption("&Take Score");
         cmdTakeScore->setToolTipText(info_.takeScoreTip);
-        cmdTakeScore->setEnabled(false);
     }
-    if (mnuTakeScore)
-        mnuTakeScore->setEnabled(false);
+    EnableTakeScore(false);
     cmdExit.setCaption(info_.exitCaption);
     cmdExit.setToolTipText(info_.exitTip);
 

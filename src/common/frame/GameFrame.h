@@ -150,6 +150,9 @@ public:
 protected:
     // Enables or disables Play, Pause, Take Score and Exit with their menus.
     void EnableCommands(bool enabled);
+    // All of those but Pause: what a pause locks.
+    void EnableLeavingCommands(bool enabled);
+    void EnableTakeScore(bool enabled);
     // What the end of the last round leads to: the next round, the bonus round or game over.
     void NextRoundOrGameOver();
     void GameOver();
