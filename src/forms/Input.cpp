@@ -4,7 +4,9 @@
 
 namespace corvanna {
 
-bool userClick(Control& control, std::string* whyNot) {
+namespace {
+// Hidden, disabled or behind a dialog: a user cannot reach it.
+bool reachable(const Control& control, std::string* whyNot) {
     auto refuse = [&](const std::string& why) {
         if (whyNot)
             *whyNot = control.form().name() + "." + control.fullName() + " " + why;
@@ -18,6 +20,28 @@ bool userClick(Control& control, std::string* whyNot) {
         return refuse("is not visible");
     if (!control.effectivelyEnabled())
         return refuse("is disabled");
+    return true;
+}
+}  // namespace
+
+bool userDblClick(Control& control, std::string* whyNot) {
+    if (!reachable(control, whyNot))
+        return false;
+    if (control.DblClick) {
+        auto handler = control.DblClick;  // the handler may unload the form
+        handler();
+    }
+    return true;
+}
+
+bool userClick(Control& control, std::string* whyNot) {
+    if (!reachable(control, whyNot))
+        return false;
+    auto refuse = [&](const std::string& why) {
+        if (whyNot)
+            *whyNot = control.form().name() + "." + control.fullName() + " " + why;
+        return false;
+    };
     if (control.kind() == ControlKind::Menu) {
         auto& m = static_cast<Menu&>(control);
         if (m.isSeparator())
@@ -32,8 +56,10 @@ bool userClick(Control& control, std::string* whyNot) {
                 sib->setChecked(false);
         control.setChecked(true);
     }
-    if (control.Click)
-        control.Click();
+    if (control.Click) {
+        auto handler = control.Click;  // the handler may unload the form
+        handler();
+    }
     return true;
 }
 

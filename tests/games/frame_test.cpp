@@ -463,6 +463,30 @@ TEST(Frame, BackDesignMenusFollowEachGamesNumbering) {
     EXPECT_EQ(t.prog.findForm("frmLettermine"), nullptr);
 }
 
+TEST(Frame, AtTheSmallestSizeEveryBoxAndCommandFitsAboveTheStatusBar) {
+    TestProgram t;
+    for (const GameInfo& game : allGames()) {
+        SCOPED_TRACE(game.formName);
+        GameFrame& f = t.openGame(game.formName);
+        const int statusTop = f.StatusBar1.top();
+        EXPECT_EQ(statusTop + f.StatusBar1.height(), f.scaleHeight());
+        int below = f.lblHighScore.top() + f.lblHighScore.height();
+        for (Control* c :
+             std::initializer_list<Control*>{&f.cmdPlay, &f.cmdPause, f.cmdTakeScore, &f.cmdExit}) {
+            if (!c)
+                continue;
+            EXPECT_GE(c->top(), below) << c->name();
+            below = c->top() + c->height();
+            EXPECT_LE(c->left() + c->width(), f.scaleWidth()) << c->name();
+        }
+        EXPECT_LE(below, statusTop);
+        EXPECT_LE(f.frmSplash.left() + f.frmSplash.width(), f.TimerRectangle.left());
+        EXPECT_LE(f.frmSplash.top() + f.frmSplash.height(), statusTop);
+        t.fake.queueAnswer(MsgResult::Yes);
+        t.click(game.formName, game.exitButton);
+    }
+}
+
 TEST(Frame, NormalWindowIsHeldAtItsSmallestSize) {
     TestProgram t;
     GameFrame& f = t.openGame("frmHitspree");

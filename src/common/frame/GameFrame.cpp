@@ -71,7 +71,7 @@ GameFrame::GameFrame(Program& prog, const GameInfo& info)
       lblMessage(label(*this, info.messageLabel, "", 24, true, colors::Red)),
       lblScoring(info.hasScoringLabel ? &label(*this, "lblScoring", "", 20, true, colors::Red)
                                       : nullptr),
-      frmSplash(make(*this, ControlKind::PictureBox, "frmSplash")),
+      frmSplash(add<PictureBox>("frmSplash", -1, nullptr)),
       imgSplashImage{},
       lblProductName(label(*this, "lblProductName", "", 30, true, colors::White, &frmSplash)),
       lblCompanyProduct(label(*this, "lblCompanyProduct", "Velmora Presents", 12, false,
@@ -337,37 +337,37 @@ void GameFrame::layout() {
     const int bx = x0 + (panelW - boxW) / 2 - 60;
 
     // The clock box.
-    TimerRectangle.move(bx, 120, boxW, 2380);
-    TimerBevelSide.move(bx + boxW, 180, 60, 2380);
-    TimerBevelBottom.move(bx + 60, 120 + 2380, boxW, 60);
-    Surface.move(bx + 250, 200, 1900, 1900);
-    lblTime.move(bx, 2130, boxW, 330);
+    TimerRectangle.move(bx, 100, boxW, 2050);
+    TimerBevelSide.move(bx + boxW, 160, 60, 2050);
+    TimerBevelBottom.move(bx + 60, 100 + 2050, boxW, 60);
+    Surface.move(bx + 400, 160, 1600, 1600);
+    lblTime.move(bx, 1780, boxW, 330);
 
     // Score, round and the best score.
-    ScoreRectangle.move(bx, 2640, boxW, 780);
-    lblScore.move(bx, 2680, boxW, 280);
+    ScoreRectangle.move(bx, 2270, boxW, 720);
+    lblScore.move(bx, 2300, boxW, 260);
     lblScore.setForeColor(colors::Black);
-    lblCurrentScore.move(bx, 2950, boxW, 420);
-    RoundRectangle.move(bx, 3540, boxW, 600);
-    RoundBevelSide.move(bx + boxW, 3600, 60, 600);
-    RoundBevelBottom.move(bx + 60, 4140, boxW, 60);
+    lblCurrentScore.move(bx, 2540, boxW, 420);
+    RoundRectangle.move(bx, 3110, boxW, 720);
+    RoundBevelSide.move(bx + boxW, 3170, 60, 720);
+    RoundBevelBottom.move(bx + 60, 3830, boxW, 60);
     if (lblCurrentRound) {
-        lblRound.move(bx, 3570, boxW, 260);
+        lblRound.move(bx, 3140, boxW, 260);
         lblRound.setForeColor(colors::Black);
-        lblCurrentRound->move(bx, 3800, boxW, 330);
+        lblCurrentRound->move(bx, 3390, boxW, 400);
     } else {
-        lblRound.move(bx, 3680, boxW, 330);
+        lblRound.move(bx, 3300, boxW, 360);
     }
-    lblHighScore.move(bx - 60, 4260, boxW + 120, 300);
+    lblHighScore.move(bx - 60, 3960, boxW + 120, 300);
 
-    // Commands from the bottom up.
+    // Commands from the bottom up, never over the boxes.
     std::vector<Control*> buttons{&cmdPlay, &cmdPause};
     if (cmdTakeScore)
         buttons.push_back(cmdTakeScore);
     buttons.push_back(&cmdExit);
-    const int bh = 420, gap = 90;
-    int y = H - 150 - static_cast<int>(buttons.size()) * (bh + gap) + gap;
-    y = std::max(y, 4620);
+    const int bh = 380, gap = 70;
+    int y = H - 120 - static_cast<int>(buttons.size()) * (bh + gap) + gap;
+    y = std::max(y, 4330);
     for (Control* b : buttons) {
         b->move(bx, y, boxW + 60, bh);
         y += bh + gap;

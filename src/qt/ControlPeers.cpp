@@ -1,0 +1,499 @@
+#include "qt/ControlPeers.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QStatusBar>
+#include <cmath>
+
+#include "forms/Form.h"
+#include "forms/Input.h"
+#include "qt/FormWindow.h"
+#include "qt/PeerWidgets.h"
+
+namespace corvanna {
+
+int twipsToPx(int twips) {
+    return static_cast<int>(std::lround(static_cast<double>(twips) / kTwipsPerPixel));
+}
+
+static QString qs(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+// ---- The common part
+
+ControlPeer::ControlPeer(Control& model, FormWindow& window) : model_(&model), window_(&window) {}
+
+ControlPeer::~ControlPeer() {
+    detach();
+}
+
+void ControlPeer::build(QWidget* parent) {
+    widget_ = create(parent);
+    sub_ = model_->subscribe([this](Control&, Prop p) { onChanged(p); });
+    for (Prop p : {Prop::Font, Prop::ForeColor, Prop::BackColor, Prop::Caption, Prop::Text,
+                   Prop::Items, Prop::Checked, Prop::Picture, Prop::Panels, Prop::Style,
+                   Prop::Drawing, Prop::ToolTip, Prop::Enabled, Prop::Geometry, Prop::Visible})
+        apply(p);
+    applyCursor();
+}
+
+void ControlPeer::detach() {
+    if (model_ && sub_)
+        model_->unsubscribe(sub_);
+    sub_ = 0;
+    model_ = nullptr;
+}
+
+void ControlPeer::onChanged(Prop p) {
+    if (!model_ || !widget_)
+        return;
+    if (p == Prop::Destroyed) {
+        Control* gone = model_;
+        detach();
+        window_->controlGone(gone);  // last: it deletes this peer
+        return;
+    }
+    apply(p);
+}
+
+void ControlPeer::apply(Prop p) {
+    QWidget* w = widget_;
+    switch (p) {
+        case Prop::Geometry: applyGeometry(); break;
+        case Prop::Visible: w->setVisible(model_->visible()); break;
+        case Prop::Enabled: w->setEnabled(model_->enabled()); break;
+        case Prop::ToolTip: w->setToolTip(qs(model_->toolTipText())); break;
+        case Prop::Font: applyFont(); break;
+        case Prop::Style: applyCursor(); break;
+        case Prop::ZOrder: window_->restack(model_->container()); break;
+        // Repaint now, not later: the caller may be about to keep the thread busy.
+        case Prop::Drawing: w->repaint(); break;
+        default: break;
+    }
+}
+
+void ControlPeer::applyGeometry() {
+    const int x = twipsToPx(model_->left()), y = twipsToPx(model_->top());
+    const int r = twipsToPx(model_->left() + model_->width());
+    const int b = twipsToPx(model_->top() + model_->height());
+    widget_->setGeometry(x, y, std::max(0, r - x), std::max(0, b - y));
+}
+
+void ControlPeer::applyCursor() {
+    if (!model_ || !widget_)
+        return;
+    if (window_->hourglass())
+        widget_->setCursor(Qt::WaitCursor);
+    else if (!model_->mouseIcon().empty())
+        widget_->setCursor(Qt::PointingHandCursor);
+    else if (hasOwnCursor())
+        widget_->setCursor(defaultCursor());
+    else
+        widget_->unsetCursor();
+}
+
+void ControlPeer::applyFont() {
+    QFont f = QApplication::font();
+    f.setPointSizeF(model_->fontSize() > 0 ? model_->fontSize() : 8.25);
+    f.setBold(model_->fontBold());
+    widget_->setFont(f);
+}
+
+void ControlPeer::applyColors(bool fillBack) {
+    QPalette pal = widget_->palette();
+    const QColor fore = toQColor(model_->foreColor());
+    // Disabled text keeps the style's grey. Only the text role: a palette passes
+    // down to the children, and a frame's white caption must not whiten its buttons.
+    for (auto group : {QPalette::Active, QPalette::Inactive})
+        pal.setColor(group, QPalette::WindowText, fore);
+    const bool opaque = fillBack && !model_->backTransparent();
+    if (opaque)
+        pal.setColor(QPalette::Window, toQColor(model_->backColor()));
+    widget_->setPalette(pal);
+    widget_->setAutoFillBackground(opaque);
+}
+
+void ControlPeer::click() {
+    if (model_)
+        userClick(*model_);
+}
+
+bool ControlPeer::doubleClick() {
+    if (!model_ || !model_->DblClick)
+        return false;
+    userDblClick(*model_);
+    return true;
+}
+
+namespace {
+
+Qt::Alignment horizontal(Align a) {
+    switch (a) {
+        case Align::Center: return Qt::AlignHCenter;
+        case Align::Right: return Qt::AlignRight;
+        default: return Qt::AlignLeft;
+    }
+}
+
+// ---- The kinds
+
+class LabelPeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        auto* w = new TextLabel(parent);
+        w->clicks.onClick = [this] { click(); };
+        w->clicks.onDoubleClick = [this] { return doubleClick(); };
+        return w;
+    }
+    void apply(Prop p) override {
+        auto* w = static_cast<TextLabel*>(widget_.data());
+        switch (p) {
+            case Prop::Caption: w->setText(qs(model_->caption())); break;
+            case Prop::ForeColor:
+            case Prop::BackColor: applyColors(true); break;
+            case Prop::Style:
+                w->setAlignment(horizontal(model_->alignment()) | Qt::AlignTop);
+                ControlPeer::apply(p);
+                break;
+            default: ControlPeer::apply(p);
+        }
+    }
+};
+
+class ButtonPeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        auto* w = new QPushButton(parent);
+        w->setAutoDefault(false);
+        QObject::connect(w, &QPushButton::clicked, w, [this] { click(); });
+        return w;
+    }
+    void apply(Prop p) override {
+        if (p == Prop::Caption)
+            static_cast<QPushButton*>(widget_.data())->setText(qs(model_->caption()));
+        else
+            ControlPeer::apply(p);
+    }
+};
+
+class ImagePeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        auto* w = new PictureWidget(parent);
+        w->clicks.onClick = [this] { click(); };
+        w->clicks.onDoubleClick = [this] { return doubleClick(); };
+        return w;
+    }
+    void apply(Prop p) override {
+        if (p == Prop::Picture)
+            static_cast<PictureWidget*>(widget_.data())->setPicture(model_->picture());
+        else
+            ControlPeer::apply(p);
+    }
+};
+
+class ShapePeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override { return new ShapeWidget(parent); }
+    void apply(Prop p) override {
+        if (p == Prop::ForeColor || p == Prop::BackColor || p == Prop::Style) {
+            auto* w = static_cast<ShapeWidget*>(widget_.data());
+            // A plain Control of the kind draws as the default shape: a thin rectangle.
+            if (auto* s = dynamic_cast<Shape*>(model_))
+                w->setStyle(s->shapeType(), toQColor(s->borderColor()), s->borderWidth(),
+                            s->filled(), toQColor(s->backColor()));
+            else
+                w->setStyle(ShapeType::Rectangle, toQColor(model_->foreColor()), 1, false, {});
+        }
+        ControlPeer::apply(p);
+    }
+};
+
+class PictureBoxPeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        auto* w = new DrawingWidget(parent);
+        w->clicks.onClick = [this] { click(); };
+        w->clicks.onDoubleClick = [this] { return doubleClick(); };
+        return w;
+    }
+    void apply(Prop p) override {
+        auto* w = static_cast<DrawingWidget*>(widget_.data());
+        switch (p) {
+            case Prop::BackColor: w->setBackground(toQColor(model_->backColor())); break;
+            case Prop::Picture: w->setPicture(model_->picture()); break;
+            case Prop::Drawing:
+                // A plain Control of the kind is a box with no drawing: a container.
+                if (auto* box = dynamic_cast<PictureBox*>(model_))
+                    w->setOps(box->ops());
+                w->repaint();
+                break;
+            default: ControlPeer::apply(p);
+        }
+    }
+};
+
+class FramePeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override { return new QGroupBox(parent); }
+    void apply(Prop p) override {
+        switch (p) {
+            case Prop::Caption:
+                static_cast<QGroupBox*>(widget_.data())->setTitle(qs(model_->caption()));
+                break;
+            case Prop::ForeColor:
+            case Prop::BackColor: applyColors(true); break;
+            default: ControlPeer::apply(p);
+        }
+    }
+};
+
+class TextPeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        auto* w = new QLineEdit(parent);
+        QObject::connect(w, &QLineEdit::textEdited, w, [this](const QString& t) {
+            if (!model_)
+                return;
+            auto& box = static_cast<TextBox&>(*model_);
+            box.setText(t.toStdString());
+            // The model may have cut it to its MaxLength; show what it kept.
+            if (model_ && widget_)
+                sync();
+        });
+        return w;
+    }
+    Qt::CursorShape defaultCursor() const override { return Qt::IBeamCursor; }
+    bool hasOwnCursor() const override { return true; }
+    void sync() {
+        auto* w = static_cast<QLineEdit*>(widget_.data());
+        const auto& box = static_cast<TextBox&>(*model_);
+        w->setMaxLength(box.maxLength() > 0 ? box.maxLength() : 32767);
+        const QString t = qs(box.text());
+        if (w->text() != t)
+            w->setText(t);
+    }
+    void apply(Prop p) override {
+        auto* w = static_cast<QLineEdit*>(widget_.data());
+        switch (p) {
+            case Prop::Text: sync(); break;
+            case Prop::ForeColor:
+            case Prop::BackColor: {
+                QPalette pal = w->palette();
+                pal.setColor(QPalette::Base, toQColor(model_->backColor()));
+                pal.setColor(QPalette::Active, QPalette::Text, toQColor(model_->foreColor()));
+                pal.setColor(QPalette::Inactive, QPalette::Text, toQColor(model_->foreColor()));
+                w->setPalette(pal);
+                break;
+            }
+            default: ControlPeer::apply(p);
+        }
+    }
+};
+
+// Check boxes and option buttons: the value is the model's, the click is the user's.
+class CheckPeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        QAbstractButton* w = nullptr;
+        if (model_->kind() == ControlKind::OptionButton)
+            w = new ModelRadioButton(parent);
+        else
+            w = new ModelCheckBox(parent);
+        w->setCheckable(true);
+        QObject::connect(w, &QAbstractButton::clicked, w, [this] { click(); });
+        return w;
+    }
+    void apply(Prop p) override {
+        auto* w = static_cast<QAbstractButton*>(widget_.data());
+        switch (p) {
+            case Prop::Caption: w->setText(qs(model_->caption())); break;
+            case Prop::Checked: w->setChecked(model_->checked()); break;
+            case Prop::ForeColor:
+            case Prop::BackColor: applyColors(true); break;
+            default: ControlPeer::apply(p);
+        }
+    }
+};
+
+class ComboPeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        auto* w = new QComboBox(parent);
+        QObject::connect(w, &QComboBox::activated, w, [this](int i) {
+            if (model_)
+                static_cast<ListControl&>(*model_).setListIndex(i);
+        });
+        return w;
+    }
+    void apply(Prop p) override {
+        auto* w = static_cast<QComboBox*>(widget_.data());
+        auto& list = static_cast<ListControl&>(*model_);
+        if (p == Prop::Items || p == Prop::Text) {
+            const QSignalBlocker quiet(w);
+            if (p == Prop::Items) {
+                w->clear();
+                for (const auto& item : list.items())
+                    w->addItem(qs(item));
+            }
+            w->setCurrentIndex(list.listIndex());
+        } else {
+            ControlPeer::apply(p);
+        }
+    }
+};
+
+class ListPeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        auto* w = new QListWidget(parent);
+        QObject::connect(w, &QListWidget::currentRowChanged, w, [this](int row) {
+            if (model_ && row != static_cast<ListControl&>(*model_).listIndex())
+                static_cast<ListControl&>(*model_).setListIndex(row);
+        });
+        return w;
+    }
+    void apply(Prop p) override {
+        auto* w = static_cast<QListWidget*>(widget_.data());
+        auto& list = static_cast<ListControl&>(*model_);
+        if (p == Prop::Items || p == Prop::Text) {
+            const QSignalBlocker quiet(w);
+            if (p == Prop::Items) {
+                w->clear();
+                for (const auto& item : list.items())
+                    w->addItem(qs(item));
+            }
+            w->setCurrentRow(list.listIndex());
+        } else {
+            ControlPeer::apply(p);
+        }
+    }
+};
+
+// The status bar sits along the bottom of the client area, over the controls,
+// as an aligned bar does: the games lay out above it using its Height.
+class StatusBarPeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+    void applyGeometry() override { window_->layoutStatusBar(); }
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        auto* bar = new QStatusBar(parent);
+        bar->setSizeGripEnabled(false);
+        bar->setAutoFillBackground(true);
+        const int n = static_cast<StatusBar&>(*model_).panelCount();
+        for (int i = 1; i <= n; ++i) {
+            auto* panel = new QLabel(bar);
+            panel->setTextFormat(Qt::PlainText);
+            panel->setMinimumWidth(1);
+            if (n >= 3 && i == n) {
+                // The last panel holds the time: a fixed width that fits it.
+                panel->setAlignment(Qt::AlignCenter);
+                panel->setFixedWidth(panel->fontMetrics().horizontalAdvance("00:00:00 AM") + 16);
+                bar->addPermanentWidget(panel, 0);
+            } else {
+                panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+                bar->addWidget(panel, 1);
+            }
+            panels_.push_back(panel);
+        }
+        return bar;
+    }
+    void apply(Prop p) override {
+        auto& bar = static_cast<StatusBar&>(*model_);
+        switch (p) {
+            case Prop::Panels:
+            case Prop::Text:
+                for (int i = 0; i < static_cast<int>(panels_.size()); ++i)
+                    if (panels_[i])
+                        panels_[i]->setText(qs(bar.panelText(i + 1)));
+                break;
+            case Prop::Visible:
+                ControlPeer::apply(p);
+                window_->layoutStatusBar();
+                break;
+            default: ControlPeer::apply(p);
+        }
+    }
+
+private:
+    std::vector<QPointer<QLabel>> panels_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlPeer> makePeer(Control& c, FormWindow& w) {
+    // These kinds keep their content in their own classes; a plain Control of
+    // such a kind has nothing to show.
+    const bool typed = [&] {
+        switch (c.kind()) {
+            case ControlKind::TextBox: return dynamic_cast<TextBox*>(&c) != nullptr;
+            case ControlKind::ComboBox:
+            case ControlKind::ListBox: return dynamic_cast<ListControl*>(&c) != nullptr;
+            case ControlKind::StatusBar: return dynamic_cast<StatusBar*>(&c) != nullptr;
+            default: return true;
+        }
+    }();
+    if (!typed) {
+        qWarning("corvanna: %s %s is a plain Control and cannot be shown", kindName(c.kind()),
+                 c.fullName().c_str());
+        return nullptr;
+    }
+    switch (c.kind()) {
+        case ControlKind::Label: return std::make_unique<LabelPeer>(c, w);
+        case ControlKind::CommandButton: return std::make_unique<ButtonPeer>(c, w);
+        case ControlKind::Image: return std::make_unique<ImagePeer>(c, w);
+        case ControlKind::Shape: return std::make_unique<ShapePeer>(c, w);
+        case ControlKind::PictureBox: return std::make_unique<PictureBoxPeer>(c, w);
+        case ControlKind::Frame: return std::make_unique<FramePeer>(c, w);
+        case ControlKind::TextBox: return std::make_unique<TextPeer>(c, w);
+        case ControlKind::CheckBox:
+        case ControlKind::OptionButton: return std::make_unique<CheckPeer>(c, w);
+        case ControlKind::ComboBox: return std::make_unique<ComboPeer>(c, w);
+        case ControlKind::ListBox: return std::make_unique<ListPeer>(c, w);
+        case ControlKind::StatusBar: return std::make_unique<StatusBarPeer>(c, w);
+        case ControlKind::Timer:
+        case ControlKind::Menu: return nullptr;
+    }
+    return nullptr;
+}
+
+}  // namespace corvanna

@@ -1,0 +1,180 @@
+#include "qt/PeerWidgets.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "forms/Form.h"
+#include "qt/CardArt.h"
+
+namespace corvanna {
+
+QColor toQColor(Color c) {
+    return QColor((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF);
+}
+
+// ---- ClickTracker
+
+void ClickTracker::press(QMouseEvent* e) {
+    if (e->button() == Qt::LeftButton)
+        pressed_ = true;
+    e->accept();
+}
+
+void ClickTracker::release(QWidget* w, QMouseEvent* e) {
+    e->accept();
+    if (e->button() != Qt::LeftButton || !pressed_)
+        return;
+    pressed_ = false;
+    if (swallow_) {
+        swallow_ = false;
+        return;
+    }
+    // The handler may unload the form: nothing of ours is touched after it.
+    if (w->rect().contains(e->position().toPoint()) && onClick)
+        onClick();
+}
+
+void ClickTracker::doubleClick(QMouseEvent* e) {
+    e->accept();
+    if (e->button() != Qt::LeftButton)
+        return;
+    pressed_ = true;
+    swallow_ = false;
+    if (onDoubleClick && onDoubleClick())
+        swallow_ = true;
+}
+
+// ---- PictureWidget
+
+PictureWidget::PictureWidget(QWidget* parent) : QWidget(parent) {}
+
+void PictureWidget::setPicture(const std::string& name) {
+    if (name == picture_)
+        return;
+    picture_ = name;
+    update();
+}
+
+void PictureWidget::paintEvent(QPaintEvent*) {
+    if (picture_.empty())
+        return;
+    QPainter p(this);
+    const QPixmap pm = CardArt::pixmap(picture_, size(), devicePixelRatioF());
+    if (!pm.isNull())
+        p.drawPixmap(0, 0, pm);
+}
+
+// ---- TextLabel
+
+TextLabel::TextLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setMargin(0);
+    setIndent(0);
+}
+
+// ---- ShapeWidget
+
+ShapeWidget::ShapeWidget(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void ShapeWidget::setStyle(ShapeType type, QColor border, int borderWidth, bool filled,
+                           QColor fill) {
+    type_ = type;
+    border_ = border;
+    borderWidth_ = std::max(0, borderWidth);
+    filled_ = filled;
+    fill_ = fill;
+    update();
+}
+
+void ShapeWidget::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing,
+                    type_ != ShapeType::Rectangle && type_ != ShapeType::Square);
+    QRectF r(rect());
+    if (type_ == ShapeType::Square || type_ == ShapeType::Circle) {
+        const qreal side = std::min(r.width(), r.height());
+        r = QRectF(r.center().x() - side / 2, r.center().y() - side / 2, side, side);
+    }
+    // The border lies inside the bounds, as the control's size says.
+    const qreal half = borderWidth_ / 2.0;
+    r.adjust(half, half, -half, -half);
+    p.setPen(borderWidth_ > 0
+                 ? QPen(border_, borderWidth_, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin)
+                 : QPen(Qt::NoPen));
+    p.setBrush(filled_ ? QBrush(fill_) : QBrush(Qt::NoBrush));
+    switch (type_) {
+        case ShapeType::Rectangle:
+        case ShapeType::Square: p.drawRect(r); break;
+        case ShapeType::Oval:
+        case ShapeType::Circle: p.drawEllipse(r); break;
+        case ShapeType::RoundedRectangle: {
+            const qreal radius = std::min(r.width(), r.height()) * 0.15;
+            p.drawRoundedRect(r, radius, radius);
+            break;
+        }
+    }
+}
+
+// ---- DrawingWidget
+
+DrawingWidget::DrawingWidget(QWidget* parent) : QWidget(parent) {}
+
+void DrawingWidget::setBackground(QColor c) {
+    background_ = c;
+    update();
+}
+
+void DrawingWidget::setPicture(const std::string& name) {
+    picture_ = name;
+    update();
+}
+
+void DrawingWidget::setOps(std::vector<DrawOp> ops) {
+    ops_ = std::move(ops);
+}
+
+void DrawingWidget::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.fillRect(rect(), background_);
+    if (!picture_.empty())
+        CardArt::paint(p, QRectF(rect()), picture_);
+    p.setRenderHint(QPainter::Antialiasing, true);
+    // Model coordinates are twips; +0.5 puts a one-pixel line on the pixel's middle.
+    p.translate(0.5, 0.5);
+    const qreal s = 1.0 / kTwipsPerPixel;
+    for (const DrawOp& op : ops_) {
+        QPen pen(toQColor(op.pen), std::max(1, op.width));
+        pen.setCapStyle(Qt::FlatCap);
+        p.setPen(pen);
+        switch (op.kind) {
+            case DrawOp::Line:
+                p.setBrush(Qt::NoBrush);
+                p.drawLine(QPointF(op.x1 * s, op.y1 * s), QPointF(op.x2 * s, op.y2 * s));
+                break;
+            case DrawOp::Circle:
+                p.setBrush(Qt::NoBrush);
+                p.drawEllipse(QPointF(op.cx * s, op.cy * s), op.radius * s, op.radius * s);
+                break;
+            case DrawOp::Pie: {
+                const qreal r = op.radius * s;
+                const QRectF box(op.cx * s - r, op.cy * s - r, 2 * r, 2 * r);
+                p.setBrush(op.filled ? QBrush(toQColor(op.fill)) : QBrush(Qt::NoBrush));
+                // Qt counts counter-clockwise from three o'clock in sixteenths of a degree.
+                const int start = static_cast<int>(std::lround((90.0 - op.startDeg) * 16));
+                const int span = static_cast<int>(std::lround(-op.spanDeg * 16));
+                if (std::abs(op.spanDeg) >= 360.0)
+                    p.drawEllipse(box);
+                else
+                    p.drawPie(box, start, span);
+                break;
+            }
+        }
+    }
+}
+
+}  // namespace corvanna

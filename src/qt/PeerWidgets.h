@@ -1,0 +1,128 @@
+#pragma once
+// The widgets Qt has no ready match for: clickable pictures and labels, shapes,
+// the drawing box, and check and option buttons whose value the model decides.
+
+#include <QCheckBox>
+#include <QColor>
+#include <QLabel>
+#include <QRadioButton>
+#include <QWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "forms/Controls.h"
+
+namespace corvanna {
+
+QColor toQColor(Color c);
+
+// A click is a left press and release on the same widget. With a double-click
+// handler the second click of a pair is the double click, not another click.
+class ClickTracker {
+public:
+    std::function<void()> onClick;
+    // Returns true when the double click was taken (the control has a handler).
+    std::function<bool()> onDoubleClick;
+
+    void press(QMouseEvent* e);
+    void release(QWidget* w, QMouseEvent* e);
+    void doubleClick(QMouseEvent* e);
+
+private:
+    bool pressed_ = false;
+    bool swallow_ = false;
+};
+
+// An Image: the named picture stretched over the whole control.
+class PictureWidget : public QWidget {
+    Q_OBJECT
+public:
+    explicit PictureWidget(QWidget* parent);
+    void setPicture(const std::string& name);
+    const std::string& picture() const { return picture_; }
+    ClickTracker clicks;
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void mousePressEvent(QMouseEvent* e) override { clicks.press(e); }
+    void mouseReleaseEvent(QMouseEvent* e) override { clicks.release(this, e); }
+    void mouseDoubleClickEvent(QMouseEvent* e) override { clicks.doubleClick(e); }
+
+private:
+    std::string picture_;
+};
+
+// A Label: plain text, '&' shown as it is.
+class TextLabel : public QLabel {
+    Q_OBJECT
+public:
+    explicit TextLabel(QWidget* parent);
+    ClickTracker clicks;
+
+protected:
+    void mousePressEvent(QMouseEvent* e) override { clicks.press(e); }
+    void mouseReleaseEvent(QMouseEvent* e) override { clicks.release(this, e); }
+    void mouseDoubleClickEvent(QMouseEvent* e) override { clicks.doubleClick(e); }
+};
+
+// A Shape: border and optional fill, never in the way of a click.
+class ShapeWidget : public QWidget {
+    Q_OBJECT
+public:
+    explicit ShapeWidget(QWidget* parent);
+    void setStyle(ShapeType type, QColor border, int borderWidth, bool filled, QColor fill);
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    ShapeType type_ = ShapeType::Rectangle;
+    QColor border_ = Qt::black;
+    int borderWidth_ = 1;
+    bool filled_ = false;
+    QColor fill_;
+};
+
+// A PictureBox: its background, an optional picture and the retained drawing.
+class DrawingWidget : public QWidget {
+    Q_OBJECT
+public:
+    explicit DrawingWidget(QWidget* parent);
+    void setBackground(QColor c);
+    void setPicture(const std::string& name);
+    void setOps(std::vector<DrawOp> ops);
+    ClickTracker clicks;
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void mousePressEvent(QMouseEvent* e) override { clicks.press(e); }
+    void mouseReleaseEvent(QMouseEvent* e) override { clicks.release(this, e); }
+    void mouseDoubleClickEvent(QMouseEvent* e) override { clicks.doubleClick(e); }
+
+private:
+    QColor background_;
+    std::string picture_;
+    std::vector<DrawOp> ops_;
+};
+
+// The click goes to the model, which flips the value; the box shows what it says.
+class ModelCheckBox : public QCheckBox {
+    Q_OBJECT
+public:
+    using QCheckBox::QCheckBox;
+
+protected:
+    void nextCheckState() override {}
+};
+
+class ModelRadioButton : public QRadioButton {
+    Q_OBJECT
+public:
+    explicit ModelRadioButton(QWidget* parent) : QRadioButton(parent) { setAutoExclusive(false); }
+
+protected:
+    void nextCheckState() override {}
+};
+
+}  // namespace corvanna

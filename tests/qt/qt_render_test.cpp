@@ -1,0 +1,513 @@
+// The real window, offscreen: a small form shown through QtPlatform must look
+// and behave as its model says, and the user's actions must reach the model.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEventLoop>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <memory>
+
+#include "common/Program.h"
+#include "forms/Form.h"
+#include "forms/Input.h"
+#include "qt/CardArt.h"
+#include "qt/FormWindow.h"
+#include "qt/QtPlatform.h"
+#include "shell/Startup.h"
+
+namespace corvanna {
+namespace {
+
+QApplication& app() {
+    static int argc = 1;
+    static char name[] = "corvanna_qt_tests";
+    static char* argv[] = {name, nullptr};
+    static QApplication* instance = [] {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        return new QApplication(argc, argv);
+    }();
+    return *instance;
+}
+
+// Lets the event loop run for a while, as the user's program would between clicks.
+void runLoop(int ms) {
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+QRgb rgbOf(Color c) {
+    return qRgb((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF);
+}
+
+bool near(QRgb a, QRgb b, int tolerance = 24) {
+    return std::abs(qRed(a) - qRed(b)) <= tolerance &&
+           std::abs(qGreen(a) - qGreen(b)) <= tolerance &&
+           std::abs(qBlue(a) - qBlue(b)) <= tolerance;
+}
+
+class QtRender : public ::testing::Test {
+protected:
+    void SetUp() override {
+        app();
+        platform = std::make_unique<QtPlatform>();
+        platform->setQuitWhenLastFormUnloaded(false);
+        form = std::make_unique<Form>(*platform, "frmTest");
+        form->setCaption("Test Form");
+        form->setBackColor(colors::FeltGreen);
+        form->setBounds(600, 450, 6000 + kFrameWidthTwips,
+                        4500 + kFrameHeightTwips + kMenuBarTwips);
+    }
+    void TearDown() override {
+        // As the program does: the platform lets go before the form dies.
+        for (auto& f : extra)
+            platform->formUnloaded(*f);
+        platform->formUnloaded(*form);
+        extra.clear();
+        form.reset();
+        platform.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    FormWindow& window() {
+        FormWindow* w = platform->windowOf(*form);
+        EXPECT_NE(w, nullptr);
+        return *w;
+    }
+    template <class W>
+    W* widget(const Control& c) {
+        return qobject_cast<W*>(window().widgetOf(c));
+    }
+
+    std::unique_ptr<QtPlatform> platform;
+    std::unique_ptr<Form> form;
+    std::vector<std::unique_ptr<Form>> extra;
+};
+
+TEST_F(QtRender, WindowShowsTheModelAndFollowsIt) {
+    Control& lbl = form->addControl(ControlKind::Label, "lblMessage");
+    lbl.setCaption("Score && more");
+    lbl.move(150, 150, 3000, 300);
+    Control& cmd = form->addControl(ControlKind::CommandButton, "cmdPlay");
+    cmd.setCaption("&Play");
+    cmd.setToolTipText("Start a round");
+    cmd.move(150, 600, 1200, 375);
+    int played = 0;
+    cmd.Click = [&] { ++played; };
+    Control& img = form->addControl(ControlKind::Image, "imgCard");
+    img.move(1500, 600, 1065, 1440);
+    img.setPicture("12H");
+    auto& bar = form->add<StatusBar>("sbStatus", 3);
+    bar.move(0, 0, 6000, 375);
+    bar.setPanelText(1, "Round 1");
+    Menu& game = form->addMenu("mnuGame", "&Game");
+    Menu& newGame = form->addMenu("mnuGameNew", "&New Game", &game);
+    form->addMenu("mnuGameSep", "-", &game);
+    Menu& sound = form->addMenu("mnuGameSound", "&Sound", &game);
+    int newGames = 0;
+    newGame.Click = [&] { ++newGames; };
+    sound.Click = [&] { sound.setChecked(!sound.checked()); };
+
+    platform->showForm(*form, false);
+    FormWindow& w = window();
+    EXPECT_TRUE(w.isVisible());
+    EXPECT_TRUE(form->visible());
+    EXPECT_EQ(w.windowTitle(), "Test Form");
+    // The client area is the form's ScaleWidth x ScaleHeight in pixels.
+    EXPECT_EQ(w.clientArea()->size(), QSize(400, 300));
+
+    auto* label = widget<QLabel>(lbl);
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(label->text(), "Score && more");  // shown as it is, no mnemonic
+    EXPECT_EQ(label->geometry(), QRect(10, 10, 200, 20));
+    auto* button = widget<QPushButton>(cmd);
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->text(), "&Play");
+    EXPECT_EQ(button->toolTip(), "Start a round");
+    EXPECT_EQ(button->geometry(), QRect(10, 40, 80, 25));
+
+    // The menu bar carries the captions with their mnemonics, and a separator.
+    auto* menuBar = qobject_cast<QMenuBar*>(w.menuWidget());
+    ASSERT_NE(menuBar, nullptr);
+    ASSERT_EQ(menuBar->actions().size(), 1);
+    QAction* gameAction = menuBar->actions()[0];
+    EXPECT_EQ(gameAction->text(), "&Game");
+    ASSERT_NE(gameAction->menu(), nullptr);
+    const auto items = gameAction->menu()->actions();
+    ASSERT_EQ(items.size(), 3);
+    EXPECT_EQ(items[0]->text(), "&New Game");
+    EXPECT_TRUE(items[1]->isSeparator());
+    items[0]->trigger();
+    EXPECT_EQ(newGames, 1);
+    // A tick is the model's: the item's Click sets it, the menu shows it.
+    EXPECT_FALSE(items[2]->isChecked());
+    items[2]->trigger();
+    EXPECT_TRUE(sound.checked());
+    EXPECT_TRUE(items[2]->isChecked());
+    items[2]->trigger();
+    EXPECT_FALSE(sound.checked());
+    EXPECT_FALSE(items[2]->isChecked());
+    newGame.setEnabled(false);
+    EXPECT_FALSE(items[0]->isEnabled());
+
+    // The status bar is a real one, along the bottom of the client area.
+    auto* status = widget<QStatusBar>(bar);
+    ASSERT_NE(status, nullptr);
+    EXPECT_EQ(status->geometry(), QRect(0, 275, 400, 25));
+    auto panels = status->findChildren<QLabel*>();
+    ASSERT_EQ(panels.size(), 3);
+    bool found = false;
+    for (auto* p : panels)
+        found = found || p->text() == "Round 1";
+    EXPECT_TRUE(found);
+
+    // A click on the widget is the model's Click.
+    button->click();
+    EXPECT_EQ(played, 1);
+    // The model's changes show.
+    form->setCaption("Renamed");
+    EXPECT_EQ(w.windowTitle(), "Renamed");
+    lbl.setCaption("Time up");
+    EXPECT_EQ(label->text(), "Time up");
+    cmd.setEnabled(false);
+    EXPECT_FALSE(button->isEnabled());
+    button->click();  // a disabled button takes no click
+    EXPECT_EQ(played, 1);
+    cmd.setVisible(false);
+    EXPECT_FALSE(button->isVisible());
+    cmd.move(300, 300, 1500, 450);
+    EXPECT_EQ(button->geometry(), QRect(20, 20, 100, 30));
+
+    // A control added while the window is up gets its widget, in front.
+    Control& late = form->addControl(ControlKind::CheckBox, "chkLate");
+    late.setCaption("Late");
+    late.move(150, 1500, 1500, 300);
+    auto* check = widget<QCheckBox>(late);
+    ASSERT_NE(check, nullptr);
+    EXPECT_EQ(check->text(), "Late");
+    check->click();  // the model flips it, the box follows
+    EXPECT_TRUE(late.checked());
+    EXPECT_TRUE(check->isChecked());
+    late.setChecked(false);
+    EXPECT_FALSE(check->isChecked());
+
+    // The card is drawn where the image is: white face in the middle of it.
+    const QImage shot = w.clientArea()->grab().toImage();
+    const QPoint cardPx(100 + 35, 40 + 12);  // left of the centre, inside the face
+    EXPECT_TRUE(near(shot.pixel(cardPx), qRgb(255, 255, 255), 40))
+        << std::hex << shot.pixel(cardPx);
+    EXPECT_TRUE(near(shot.pixel(395, 150), rgbOf(colors::FeltGreen)))
+        << std::hex << shot.pixel(395, 150);
+}
+
+TEST_F(QtRender, WindowSizeAndStateGoBothWays) {
+    int resizes = 0;
+    form->Resize = [&] { ++resizes; };
+    Control& lbl = form->addControl(ControlKind::Label, "lblMessage");
+    lbl.setCaption("x");
+    platform->showForm(*form, false);
+    FormWindow& w = window();
+    ASSERT_EQ(w.clientArea()->size(), QSize(400, 320));  // no menu bar: its row is client
+
+    // The user makes it bigger: the form's outer size follows and Resize runs.
+    const int before = form->width();
+    resizes = 0;
+    w.resize(w.width() + 30, w.height() + 15);
+    runLoop(20);
+    EXPECT_EQ(w.clientArea()->size(), QSize(430, 335));
+    EXPECT_EQ(form->width(), before + 30 * kTwipsPerPixel);
+    EXPECT_EQ(form->scaleHeight(), 335 * kTwipsPerPixel);
+    EXPECT_GE(resizes, 1);
+
+    // The program sets a size: the window takes it, with no echo back to the model.
+    resizes = 0;
+    form->setSize(9000 + kFrameWidthTwips, 6000 + kFrameHeightTwips);
+    EXPECT_EQ(resizes, 1);
+    runLoop(20);
+    EXPECT_EQ(w.clientArea()->size(), QSize(600, 400));
+    EXPECT_EQ(resizes, 1);
+    EXPECT_EQ(form->scaleWidth(), 9000);
+
+    // Minimised and restored by the user: the model's WindowState follows.
+    w.showMinimized();
+    runLoop(10);
+    EXPECT_EQ(form->windowState(), WindowState::Minimized);
+    w.showNormal();
+    runLoop(10);
+    EXPECT_EQ(form->windowState(), WindowState::Normal);
+
+    // Window state from the model, and hourglass pointer.
+    form->setWindowState(WindowState::Minimized);
+    EXPECT_TRUE(w.isMinimized());
+    form->setWindowState(WindowState::Normal);
+    EXPECT_FALSE(w.isMinimized());
+    form->setMousePointer(MousePointer::Hourglass);
+    EXPECT_EQ(w.cursor().shape(), Qt::WaitCursor);
+    form->setMousePointer(MousePointer::Default);
+    EXPECT_NE(w.cursor().shape(), Qt::WaitCursor);
+}
+
+TEST_F(QtRender, SleepHoldsTimersAndTheCloseBox) {
+    auto& t = form->add<Timer>("Timer1", -1, 15);
+    int ticks = 0;
+    bool tickInsideWait = false;
+    t.OnTimer = [&] {
+        ++ticks;
+        tickInsideWait = tickInsideWait || platform->inWait();
+    };
+    int closeAsks = 0;
+    platform->onCloseRequest = [&](Form&) { ++closeAsks; };
+    platform->showForm(*form, false);
+    FormWindow& w = window();
+
+    t.start();
+    // The close box pressed in the middle of the wait.
+    QTimer::singleShot(10, &w, [&] { w.close(); });
+    platform->sleep(60);  // several ticks fall due
+    EXPECT_EQ(ticks, 0);
+    EXPECT_EQ(closeAsks, 0);
+    EXPECT_TRUE(w.isVisible());  // the model decides; nothing closed the window
+    t.setInterval(60000);        // no fresh tick from here on
+    platform->doEvents();
+    EXPECT_EQ(ticks, 1);  // what fell due ticks once
+    EXPECT_EQ(closeAsks, 1);
+    platform->doEvents();
+    EXPECT_EQ(ticks, 1);
+    EXPECT_FALSE(tickInsideWait);
+
+    // Back in the loop the held tick comes by itself.
+    t.setInterval(15);
+    platform->sleep(40);
+    EXPECT_EQ(ticks, 1);
+    t.setInterval(60000);
+    runLoop(20);
+    EXPECT_EQ(ticks, 2);
+
+    // A stopped timer forgets what it held.
+    t.setInterval(15);
+    platform->sleep(40);
+    t.stop();
+    runLoop(20);
+    EXPECT_EQ(ticks, 2);
+
+    // A timer of an unloaded form never runs again, even when its handler restarts it.
+    t.OnTimer = [&] { ++ticks; };
+    t.setInterval(10);
+    t.start();
+    platform->formUnloaded(*form);
+    EXPECT_EQ(platform->windowOf(*form), nullptr);
+    t.start();
+    runLoop(30);
+    EXPECT_EQ(ticks, 2);
+}
+
+TEST_F(QtRender, ModalDialogRunsUntilHiddenWithTimersGoing) {
+    platform->showForm(*form, false);
+    auto& tick = form->add<Timer>("Timer1", -1, 10);
+    int ticks = 0;
+    tick.OnTimer = [&] { ++ticks; };
+    tick.start();
+
+    extra.push_back(std::make_unique<Form>(*platform, "frmDialog"));
+    Form& dialog = *extra.back();
+    dialog.setCaption("Dialog");
+    Control& ok = dialog.addControl(ControlKind::CommandButton, "cmdOK");
+    ok.setCaption("OK");
+    ok.Click = [&] { platform->hideForm(dialog); };
+    Control& behind = form->addControl(ControlKind::CommandButton, "cmdBehind");
+    int behindClicks = 0;
+    behind.Click = [&] { ++behindClicks; };
+
+    bool ownerEnabledDuring = true;
+    QTimer::singleShot(60, [&] {
+        ownerEnabledDuring = form->enabled();
+        EXPECT_FALSE(userClick(behind));  // the form behind takes no click
+        auto* okButton = qobject_cast<QPushButton*>(platform->windowOf(dialog)->widgetOf(ok));
+        ASSERT_NE(okButton, nullptr);
+        okButton->click();
+    });
+    platform->showForm(dialog, true);
+    EXPECT_FALSE(ownerEnabledDuring);
+    EXPECT_FALSE(dialog.visible());
+    EXPECT_TRUE(form->enabled());
+    EXPECT_EQ(behindClicks, 0);
+    EXPECT_GE(ticks, 2);  // game timers keep running under a dialog
+}
+
+TEST_F(QtRender, TextListAndComboFeedTheModel) {
+    auto& name = form->add<TextBox>("txtName", -1, nullptr);
+    name.setMaxLength(5);
+    name.setText("Ann");
+    int changes = 0;
+    name.Change = [&] { ++changes; };
+    auto& combo = form->add<ListControl>(ControlKind::ComboBox, "cboCountry", -1, nullptr);
+    combo.addItem("Canada");
+    combo.addItem("Norway");
+    int comboClicks = 0;
+    combo.Click = [&] { ++comboClicks; };
+    auto& list = form->add<ListControl>(ControlKind::ListBox, "lstNames", -1, nullptr);
+    list.addItem("one");
+    list.addItem("two");
+    list.addItem("three");
+    Control& hand = form->addControl(ControlKind::Image, "imgHand");
+    hand.setMouseIcon("POINTER");
+    platform->showForm(*form, false);
+
+    auto* edit = widget<QLineEdit>(name);
+    ASSERT_NE(edit, nullptr);
+    EXPECT_EQ(edit->text(), "Ann");
+    edit->end(false);
+    edit->insert("ette");  // as typed: the model keeps its MaxLength
+    EXPECT_EQ(name.text(), "Annet");
+    EXPECT_EQ(edit->text(), "Annet");
+    EXPECT_EQ(changes, 1);
+    name.setText("Bo");
+    EXPECT_EQ(edit->text(), "Bo");
+    EXPECT_EQ(changes, 2);
+
+    auto* box = widget<QComboBox>(combo);
+    ASSERT_NE(box, nullptr);
+    ASSERT_EQ(box->count(), 2);
+    EXPECT_EQ(box->currentIndex(), -1);
+    box->setCurrentIndex(1);
+    emit box->activated(1);  // the user's choice
+    EXPECT_EQ(combo.listIndex(), 1);
+    EXPECT_EQ(comboClicks, 1);
+    combo.setListIndex(0);
+    EXPECT_EQ(box->currentIndex(), 0);
+
+    auto* rows = widget<QListWidget>(list);
+    ASSERT_NE(rows, nullptr);
+    ASSERT_EQ(rows->count(), 3);
+    rows->setCurrentRow(2);  // as a click on the third row does
+    EXPECT_EQ(list.listIndex(), 2);
+    list.clear();
+    EXPECT_EQ(rows->count(), 0);
+
+    QWidget* handWidget = window().widgetOf(hand);
+    ASSERT_NE(handWidget, nullptr);
+    EXPECT_EQ(handWidget->cursor().shape(), Qt::PointingHandCursor);
+    hand.setMouseIcon("");
+    EXPECT_NE(handWidget->cursor().shape(), Qt::PointingHandCursor);
+}
+
+TEST_F(QtRender, DrawingBoxPaintsPiesAndLines) {
+    auto& pic = form->add<PictureBox>("picClock", -1, nullptr);
+    pic.setBackColor(colors::White);
+    pic.move(0, 0, 1500, 1500);  // 100 x 100 px
+    // A quarter from twelve o'clock clockwise: the top right quarter.
+    pic.Pie(750, 750, 600, 0, 90, colors::Black, colors::Red);
+    pic.Line(0, 1350, 1500, 1350, colors::Blue);
+    pic.endPaint();
+    platform->showForm(*form, false);
+    QWidget* w = window().widgetOf(pic);
+    ASSERT_NE(w, nullptr);
+    const QImage img = w->grab().toImage();
+    ASSERT_EQ(img.size(), QSize(100, 100));
+    EXPECT_TRUE(near(img.pixel(65, 35), qRgb(255, 0, 0))) << std::hex << img.pixel(65, 35);
+    EXPECT_TRUE(near(img.pixel(35, 35), qRgb(255, 255, 255))) << std::hex << img.pixel(35, 35);
+    EXPECT_TRUE(near(img.pixel(35, 65), qRgb(255, 255, 255))) << std::hex << img.pixel(35, 65);
+    EXPECT_TRUE(near(img.pixel(50, 90), qRgb(0, 0, 255))) << std::hex << img.pixel(50, 90);
+    // Cls and a new picture: the old wedge goes.
+    pic.Cls();
+    pic.Pie(750, 750, 600, 180, 90, colors::Black, colors::Green);
+    pic.endPaint();
+    const QImage again = w->grab().toImage();
+    EXPECT_TRUE(near(again.pixel(65, 35), qRgb(255, 255, 255))) << std::hex << again.pixel(65, 35);
+    EXPECT_TRUE(near(again.pixel(35, 65), qRgb(0, 255, 0))) << std::hex << again.pixel(35, 65);
+}
+
+TEST(CardArtTest, DrawsAtTheDevicePixelSizeAndCaches) {
+    app();
+    const QPixmap face = CardArt::pixmap("1S", QSize(71, 96), 2.0);
+    ASSERT_FALSE(face.isNull());
+    EXPECT_EQ(face.size(), QSize(142, 192));  // device pixels
+    EXPECT_EQ(face.devicePixelRatio(), 2.0);
+    EXPECT_EQ(CardArt::pixmap("1S", QSize(71, 96), 2.0).cacheKey(), face.cacheKey());
+    EXPECT_TRUE(CardArt::pixmap("Empty", QSize(71, 96), 1.0).isNull());
+    EXPECT_TRUE(CardArt::pixmap("", QSize(71, 96), 1.0).isNull());
+    // A face is white in the middle of its edge; a back is not.
+    const QImage faceImg = CardArt::pixmap("7D", QSize(71, 96), 1.0).toImage();
+    const QImage backImg = CardArt::pixmap("palm-back", QSize(71, 96), 1.0).toImage();
+    EXPECT_TRUE(near(faceImg.pixel(35, 20), qRgb(255, 255, 255), 10));
+    EXPECT_FALSE(near(backImg.pixel(35, 20), qRgb(255, 255, 255), 60));
+    // Corners are round: transparent outside the card.
+    EXPECT_EQ(qAlpha(faceImg.pixel(0, 0)), 0);
+    for (const char* name :
+         {"13C", "10H", "magic-full", "night-half", "hot-back", "EMPTY", "TFAL", "POINTER"})
+        EXPECT_TRUE(CardArt::knows(name)) << name;
+    EXPECT_FALSE(CardArt::knows("14S"));
+    EXPECT_FALSE(CardArt::knows("palm-some"));
+}
+
+// The real selector and a real game form, through the real window.
+TEST(QtRealForms, SelectorAndGameFormShow) {
+    app();
+    QTemporaryDir data;
+    ASSERT_TRUE(data.isValid());
+    QtPlatform platform;
+    platform.setQuitWhenLastFormUnloaded(false);
+    {
+        Program program(platform, data.path().toStdString(), 7);
+        // A message box here would wait for a user who never comes.
+        QTimer watchdog;
+        QObject::connect(&watchdog, &QTimer::timeout, [] {
+            if (QWidget* modal = QApplication::activeModalWidget()) {
+                ADD_FAILURE() << "unexpected dialog: " << modal->windowTitle().toStdString();
+                modal->close();
+            }
+        });
+        watchdog.start(50);
+
+        Form& select = startSelector(program);
+        FormWindow* sw = platform.windowOf(select);
+        ASSERT_NE(sw, nullptr);
+        EXPECT_TRUE(sw->isVisible());
+        EXPECT_EQ(sw->windowTitle().toStdString(), select.caption());
+        EXPECT_EQ(sw->clientArea()->width(), select.scaleWidth() / kTwipsPerPixel);
+        QPushButton* launch = nullptr;
+        int buttons = 0;
+        for (auto* b : sw->findChildren<QPushButton*>()) {
+            ++buttons;
+            if (b->text() == "&Tierfall")
+                launch = b;
+        }
+        EXPECT_GE(buttons, 11);  // nine games, the web page and Close
+        ASSERT_NE(launch, nullptr);
+        runLoop(30);
+
+        launch->click();
+        Form* game = program.findForm("frmTierfall");
+        ASSERT_NE(game, nullptr);
+        FormWindow* gw = platform.windowOf(*game);
+        ASSERT_NE(gw, nullptr);
+        EXPECT_TRUE(gw->isVisible());
+        EXPECT_FALSE(sw->isVisible());  // the selector steps aside for the game
+        auto* menuBar = qobject_cast<QMenuBar*>(gw->menuWidget());
+        ASSERT_NE(menuBar, nullptr);
+        EXPECT_FALSE(menuBar->actions().isEmpty());
+        EXPECT_EQ(gw->clientArea()->size(),
+                  QSize(game->scaleWidth() / kTwipsPerPixel, game->scaleHeight() / kTwipsPerPixel));
+        EXPECT_EQ(gw->clientArea()->findChildren<QStatusBar*>().size(), 1);
+        runLoop(30);
+        // Whatever the game shows, the window paints without trouble.
+        EXPECT_FALSE(gw->grab().isNull());
+    }
+}
+
+}  // namespace
+}  // namespace corvanna
