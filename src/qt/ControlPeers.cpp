@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -260,11 +259,11 @@ public:
     using ControlPeer::ControlPeer;
 
 protected:
-    QWidget* create(QWidget* parent) override { return new QGroupBox(parent); }
+    QWidget* create(QWidget* parent) override { return new FrameBox(parent); }
     void apply(Prop p) override {
         switch (p) {
             case Prop::Caption:
-                static_cast<QGroupBox*>(widget_.data())->setTitle(qs(model_->caption()));
+                static_cast<FrameBox*>(widget_.data())->setTitle(qs(model_->caption()));
                 break;
             case Prop::ForeColor:
             case Prop::BackColor: applyColors(true); break;

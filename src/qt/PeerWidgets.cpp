@@ -91,6 +91,35 @@ void ShapeWidget::setStyle(ShapeType type, QColor border, int borderWidth, bool 
     update();
 }
 
+FrameBox::FrameBox(QWidget* parent) : QWidget(parent) {}
+
+void FrameBox::setTitle(const QString& title) {
+    title_ = title;
+    update();
+}
+
+void FrameBox::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    const QFontMetrics fm(font());
+    const int captionH = title_.isEmpty() ? 0 : fm.height();
+    const QColor text = palette().color(QPalette::WindowText);
+    QColor line = text;
+    line.setAlphaF(0.45);
+    const QRectF box = QRectF(rect()).adjusted(0.5, captionH / 2.0 + 0.5, -0.5, -0.5);
+    p.setPen(QPen(line, 1));
+    p.setBrush(Qt::NoBrush);
+    p.drawRoundedRect(box, 4, 4);
+    if (title_.isEmpty())
+        return;
+    // The caption sits on the border, with the frame's own background behind it.
+    const int pad = 4;
+    const QRect caption(10, 0, fm.horizontalAdvance(title_) + 2 * pad, captionH);
+    p.fillRect(caption, palette().color(QPalette::Window));
+    p.setPen(text);
+    p.drawText(caption, Qt::AlignCenter, title_);
+}
+
 void ShapeWidget::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing,

@@ -66,6 +66,21 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* e) override { clicks.doubleClick(e); }
 };
 
+// A Frame: a caption and a thin rounded border round its children. Painted by
+// hand: the style's group box loads its pictures from files on the first paint.
+class FrameBox : public QWidget {
+    Q_OBJECT
+public:
+    explicit FrameBox(QWidget* parent);
+    void setTitle(const QString& title);
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    QString title_;
+};
+
 // A Shape: border and optional fill, never in the way of a click.
 class ShapeWidget : public QWidget {
     Q_OBJECT

@@ -343,7 +343,7 @@ void QtPlatform::formUnloaded(Form& form) {
         // The handler that unloaded it may show the next form before it returns.
         QTimer::singleShot(0, this, [this] {
             if (quitWhenLastUnloaded_ && windows_.empty())
-                QCoreApplication::quit();
+                QCoreApplication::exit(0);
         });
     }
 }
@@ -375,7 +375,9 @@ UrlResult QtPlatform::openUrl(const std::string& url) {
 
 void QtPlatform::quit() {
     // After the current handler: it may still be writing its files.
-    QTimer::singleShot(0, qApp, [] { QCoreApplication::quit(); });
+    // exit(), not quit(): quit() first closes every window, and a close asks the
+    // unload question.
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
 }
 
 }  // namespace corvanna
