@@ -431,6 +431,19 @@ TEST_F(QtRender, DrawingBoxPaintsPiesAndLines) {
     EXPECT_TRUE(near(again.pixel(35, 65), qRgb(0, 255, 0))) << std::hex << again.pixel(35, 65);
 }
 
+TEST_F(QtRender, QuitEndsTheLoopWithoutAskingOpenWindowsToClose) {
+    int closeRequests = 0;
+    platform->onCloseRequest = [&](Form&) { ++closeRequests; };
+    platform->showForm(*form, false);
+    // A closed window would ask its unload question of a user who is leaving.
+    QTimer::singleShot(2000, [] { QCoreApplication::exit(7); });
+    platform->quit();
+    EXPECT_EQ(app().exec(), 0);
+    EXPECT_EQ(closeRequests, 0);
+    EXPECT_TRUE(window().isVisible());
+    platform->onCloseRequest = nullptr;
+}
+
 TEST(CardArtTest, DrawsAtTheDevicePixelSizeAndCaches) {
     app();
     const QPixmap face = CardArt::pixmap("1S", QSize(71, 96), 2.0);
