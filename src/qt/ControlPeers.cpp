@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <cmath>
+#include <functional>
 
 #include "forms/Form.h"
 #include "forms/Input.h"
@@ -346,21 +347,37 @@ protected:
     }
 };
 
-class ComboPeer : public ControlPeer {
+// Combo and list boxes differ only in how the widget reports and shows the choice.
+void onChoice(QComboBox* w, std::function<void(int)> chosen) {
+    QObject::connect(w, &QComboBox::activated, w, std::move(chosen));
+}
+void onChoice(QListWidget* w, std::function<void(int)> chosen) {
+    QObject::connect(w, &QListWidget::currentRowChanged, w, std::move(chosen));
+}
+void showChoice(QComboBox* w, int i) {
+    w->setCurrentIndex(i);
+}
+void showChoice(QListWidget* w, int i) {
+    w->setCurrentRow(i);
+}
+
+template <class W>
+class ItemsPeer : public ControlPeer {
 public:
     using ControlPeer::ControlPeer;
 
 protected:
     QWidget* create(QWidget* parent) override {
-        auto* w = new QComboBox(parent);
-        QObject::connect(w, &QComboBox::activated, w, [this](int i) {
+        auto* w = new W(parent);
+        // Only the user's choice arrives here: the model's own changes are shown quietly.
+        onChoice(w, [this](int i) {
             if (model_)
                 static_cast<ListControl&>(*model_).setListIndex(i);
         });
         return w;
     }
     void apply(Prop p) override {
-        auto* w = static_cast<QComboBox*>(widget_.data());
+        auto* w = static_cast<W*>(widget_.data());
         auto& list = static_cast<ListControl&>(*model_);
         if (p == Prop::Items || p == Prop::Text) {
             const QSignalBlocker quiet(w);
@@ -369,37 +386,7 @@ protected:
                 for (const auto& item : list.items())
                     w->addItem(qs(item));
             }
-            w->setCurrentIndex(list.listIndex());
-        } else {
-            ControlPeer::apply(p);
-        }
-    }
-};
-
-class ListPeer : public ControlPeer {
-public:
-    using ControlPeer::ControlPeer;
-
-protected:
-    QWidget* create(QWidget* parent) override {
-        auto* w = new QListWidget(parent);
-        QObject::connect(w, &QListWidget::currentRowChanged, w, [this](int row) {
-            if (model_ && row != static_cast<ListControl&>(*model_).listIndex())
-                static_cast<ListControl&>(*model_).setListIndex(row);
-        });
-        return w;
-    }
-    void apply(Prop p) override {
-        auto* w = static_cast<QListWidget*>(widget_.data());
-        auto& list = static_cast<ListControl&>(*model_);
-        if (p == Prop::Items || p == Prop::Text) {
-            const QSignalBlocker quiet(w);
-            if (p == Prop::Items) {
-                w->clear();
-                for (const auto& item : list.items())
-                    w->addItem(qs(item));
-            }
-            w->setCurrentRow(list.listIndex());
+            showChoice(w, list.listIndex());
         } else {
             ControlPeer::apply(p);
         }
@@ -486,8 +473,8 @@ std::unique_ptr<ControlPeer> makePeer(Control& c, FormWindow& w) {
         case ControlKind::TextBox: return std::make_unique<TextPeer>(c, w);
         case ControlKind::CheckBox:
         case ControlKind::OptionButton: return std::make_unique<CheckPeer>(c, w);
-        case ControlKind::ComboBox: return std::make_unique<ComboPeer>(c, w);
-        case ControlKind::ListBox: return std::make_unique<ListPeer>(c, w);
+        case ControlKind::ComboBox: return std::make_unique<ItemsPeer<QComboBox>>(c, w);
+        case ControlKind::ListBox: return std::make_unique<ItemsPeer<QListWidget>>(c, w);
         case ControlKind::StatusBar: return std::make_unique<StatusBarPeer>(c, w);
         case ControlKind::Timer:
         case ControlKind::Menu: return nullptr;
