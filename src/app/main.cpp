@@ -128,6 +128,8 @@ int main(int argc, char** argv) {
 
     corvanna::QtPlatform platform;
     corvanna::Program program(platform, dataDir, opt.seed);
+    // The sounds and the tune the build made, beside the program.
+    program.setAssetsDir((QCoreApplication::applicationDirPath() + "/assets").toStdString());
     corvanna::startSelector(program);
     return app.exec();
 }

@@ -72,3 +72,29 @@ bool Program::requestUnload(Form& form) {
 }
 
 }  // namespace corvanna
+
+namespace corvanna {
+
+std::string Program::shippedFile(const std::string& plainName) {
+    const std::string inData = filePath(plainName);
+    std::error_code ec;
+    if (std::filesystem::exists(inData, ec) || assetsDir_.empty())
+        return inData;
+    const std::string shipped = assetsDir_ + "/" + plainName;
+    if (!std::filesystem::exists(shipped, ec))
+        return inData;
+    if (dataDirUsable_) {
+        // Copied whole under a temporary name first, so a half copy is never taken for the file.
+        const std::string partial = inData + ".copying";
+        std::filesystem::copy_file(shipped, partial,
+                                   std::filesystem::copy_options::overwrite_existing, ec);
+        if (!ec)
+            std::filesystem::rename(partial, inData, ec);
+        if (!ec)
+            return inData;
+        std::filesystem::remove(partial, ec);
+    }
+    return shipped;
+}
+
+}  // namespace corvanna

@@ -40,6 +40,12 @@ public:
     std::string filePath(const std::string& plainName) const { return state.AppPath + plainName; }
     // The data folder could be neither made nor written: said once, at start.
     bool dataDirUsable() const { return dataDirUsable_; }
+    // Where the program's own files (sounds, tune) come from: the build or install tree.
+    void setAssetsDir(const std::string& dir) { assetsDir_ = dir; }
+    const std::string& assetsDir() const { return assetsDir_; }
+    // AppPath + name, copied there from the program's own files on first need. When it
+    // cannot be copied, the program's own file is used where it stands.
+    std::string shippedFile(const std::string& plainName);
 
     std::int32_t randomNumber(double low, double high) {
         return RandomNumber(rng, platform, low, high);
@@ -66,6 +72,7 @@ public:
 
 private:
     std::string dataDir_;
+    std::string assetsDir_;
     bool dataDirUsable_ = true;
     std::vector<std::unique_ptr<Form>> forms_;
     std::vector<std::unique_ptr<Form>> unloaded_;

@@ -226,11 +226,11 @@ void GameFrame::FlashMessage(int times) {
 
 void GameFrame::PlayWaveFile(const std::string& file) {
     if (g_.SoundsOn)
-        prog_.platform.playWave(g_.AppPath + file);
+        prog_.platform.playWave(prog_.shippedFile(file));
 }
 
 void GameFrame::StartMusic() {
-    prog_.platform.startMusic(g_.AppPath + "Orlund.MID");
+    prog_.platform.startMusic(prog_.shippedFile("Orlund.MID"));
 }
 
 void GameFrame::StopMusic() {
