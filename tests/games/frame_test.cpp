@@ -456,11 +456,16 @@ TEST(Frame, BackDesignMenusFollowEachGamesNumbering) {
         t.click(c.form, "cmdExit" == f.info().exitButton ? "cmdExit" : f.info().exitButton.c_str());
     }
     // Hitspree opens on its own default, Night Castle, whatever the last game chose.
-    GameFrame& h = t.openGame("frmHitspree");
-    EXPECT_EQ(t.prog.state.DeckBack, 3);
-    EXPECT_EQ(t.prog.pictures.picture("BACK"), "night-back");
+    TestProgram fresh;
+    fresh.prog.pictures.selectDesign(2);
+    GameFrame& h = fresh.openGame("frmHitspree");
+    EXPECT_EQ(fresh.prog.state.DeckBack, 3);
+    EXPECT_EQ(fresh.prog.pictures.picture("BACK"), "night-back");
     EXPECT_TRUE(h.mnuNight->checked());
-    EXPECT_EQ(t.prog.findForm("frmLettermine"), nullptr);
+    // And a game reopened in the same folder comes back with the design it was left with.
+    GameFrame& again = t.openGame("frmHitspree");
+    EXPECT_EQ(t.prog.state.DeckBack, 4);
+    EXPECT_TRUE(again.mnuPalm->checked());
 }
 
 TEST(Frame, AtTheSmallestSizeEveryBoxAndCommandFitsAboveTheStatusBar) {

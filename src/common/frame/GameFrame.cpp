@@ -1,7 +1,9 @@
 #include "common/frame/GameFrame.h"
 
 #include <algorithm>
+#include <filesystem>
 
+#include "common/FileStore.h"
 #include "common/Format.h"
 #include "common/Intervals.h"
 #include "common/PlayCounts.h"
@@ -239,6 +241,11 @@ void GameFrame::Form_Load() {
     Timer3_Timer();
     Timer3.start();
 
+    // A first start gets a file with the defaults; then the file is read, whatever it holds.
+    std::error_code noFile;
+    if (!std::filesystem::exists(settingsPath(), noFile))
+        WriteSettings();
+    ReadSettingsINI(settingsPath());
     CheckForCustom();
     g_.GamesPlayedCount = CountGamePlayed(prog_, g_.AppTitle);
     g_.FormLoadTime = prog_.platform.now();

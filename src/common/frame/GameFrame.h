@@ -34,8 +34,13 @@ public:
     std::function<void()> onLeave;
 
     // ---- Hooks a game overrides -------------------------------------------------
-    // Writes the game's settings file when the user leaves.
-    virtual void WriteSettings() {}
+    // The game's own settings keys: a value to write (false when the key is not the game's)
+    // and the readers of its keys.
+    virtual bool GameSettingValue(const std::string& key, std::string& value) {
+        (void)key, (void)value;
+        return false;
+    }
+    virtual void AddGameSettings(class SettingsReader& reader) { (void)reader; }
     // Deals the board for a new round; the frame then starts the clock.
     virtual void Deal() {}
     // Shows or hides the board's cards (game over, pause, time out).
@@ -62,6 +67,14 @@ public:
     // Sets the scoring values to the game's defaults and checks them (CustomScoring).
     virtual void SetGameDefaults() {}
     virtual void CheckForCustom() {}
+
+    // ---- Settings (FrameSettings.cpp) --------------------------------------------
+    // Reads the file and applies every key it knows; a missing file changes nothing.
+    void ReadSettingsINI(const std::string& fileName);
+    // Writes every key in the game's order, atomically; a damaged old file is kept aside.
+    void WriteSettings();
+    std::string SettingsText();
+    std::string settingsPath() const;
 
     // ---- Shared behaviour --------------------------------------------------------
     void Play();
@@ -175,6 +188,10 @@ private:
     // The end of a round is running: a click held during its waits arrives at the next
     // round's DoEvents and must not pause or end a round that is being dealt.
     bool endingRound_ = false;
+    // The settings file held something unreadable: it is kept aside before it is replaced.
+    bool settingsDamaged_ = false;
+    bool SettingValue(const std::string& key, std::string& value);
+    bool hasSetting(const std::string& key) const;
     int splashIndex_ = 0;
     bool splashUp_ = true;
     bool splashFaces_ = false;

@@ -93,6 +93,13 @@ struct GameInfo {
     bool unloadPausesFirst = false;
     DialogPause dialogPause = DialogPause::ByGameInProgress;
 
+    // Settings file: every key in the writer's order (a key may stand twice), and the
+    // game's names for the common values.
+    std::vector<std::string> settingsKeys;
+    std::string timeKey = "Time";
+    std::string countDownKey = "Count Down Score";
+    std::string bonusKey = "Bonus Score";
+
     // Window sizes in twips.
     int minWidth = 9540, minHeight = 7200;
     int maximisedWidth = 9540, maximisedHeight = 7200;
