@@ -22,8 +22,15 @@ ReadStatus readWholeFile(const std::string& path, std::string& out, std::string*
             *error = info.isFile() ? f.errorString().toStdString() : "it is not a file";
         return ReadStatus::Failed;
     }
-    const QByteArray bytes = f.read(static_cast<qint64>(maxBytes) + 1);
-    if (bytes.size() > static_cast<qsizetype>(maxBytes)) {
+    // Read by the file's own size, not the limit: a settings file is a few hundred bytes.
+    const qint64 limit = static_cast<qint64>(maxBytes);
+    if (info.size() > limit) {
+        if (error)
+            *error = "it is too large";
+        return ReadStatus::Failed;
+    }
+    const QByteArray bytes = f.read(info.size() + 1);
+    if (bytes.size() > limit) {
         if (error)
             *error = "it is too large";
         return ReadStatus::Failed;
