@@ -315,6 +315,49 @@ TEST(Frame, MusicFollowsTheRoundsPauseAndTheMenu) {
     EXPECT_FALSE(f.mnuSounds.checked());
 }
 
+TEST(Frame, SoundsAndTheTuneThroughAWholeGame) {
+    TestProgram t;
+    GameFrame& f = t.openGame("frmSpirefold");
+    auto& g = t.prog.state;
+    t.click("frmSpirefold", "mnu30");
+    t.click("frmSpirefold", "mnuMusic");
+    t.fake.takeLog();
+    auto soundsAndMusic = [&] {
+        std::vector<std::string> out;
+        for (const auto& line : t.fake.takeLog())
+            if (line.rfind("sound ", 0) == 0 || line.rfind("music ", 0) == 0)
+                out.push_back(line);
+        return out;
+    };
+    t.click("frmSpirefold", "cmdPlay");
+    t.fake.advance(10000);
+    // Minimised: the tune stops; restored: it starts again from the top.
+    f.setWindowState(WindowState::Minimized);
+    f.setWindowState(WindowState::Normal);
+    t.fake.advance(20000 + 21 * 250);  // round one runs out
+    EXPECT_EQ(g.RoundNumber, 2);
+    g.Score = 40000;                   // enough for the bonus round
+    t.fake.advance(30000 + 21 * 250);  // round two runs out: the bonus round starts
+    EXPECT_EQ(f.lblCurrentRound->caption(), "Bonus");
+    t.fake.advance(30000 + 10 * 250 + 2000);  // the bonus round runs out: game over
+    EXPECT_FALSE(g.GameInProgress);
+    EXPECT_EQ(
+        soundsAndMusic(),
+        (std::vector<std::string>{"music start Orlund.MID", "music stop", "music start Orlund.MID",
+                                  "music stop", "music start Orlund.MID", "music stop",
+                                  "sound Applause.wav", "music start Orlund.MID", "music stop"}));
+
+    // With sounds off no wave is asked for, and the tune still follows the rounds.
+    t.click("frmSpirefold", "mnuSounds");
+    t.click("frmSpirefold", "cmdPlay");
+    t.fake.advance(30000 + 21 * 250);
+    g.Score = 40000;
+    t.fake.advance(30000 + 21 * 250);
+    const auto second = soundsAndMusic();
+    EXPECT_EQ(std::count(second.begin(), second.end(), "sound Applause.wav"), 0);
+    EXPECT_EQ(std::count(second.begin(), second.end(), "music start Orlund.MID"), 3);
+}
+
 TEST(Frame, TakeScoreQueuedDuringScoringIsIgnored) {
     TestProgram t;
     GameFrame& f = t.openGame("frmDuomatch");
