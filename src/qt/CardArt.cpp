@@ -1,27 +1,17 @@
 #include "qt/CardArt.h"
 
 #include <QFont>
-#include <QFontMetricsF>
-#include <QLinearGradient>
+#include <QHash>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPixmapCache>
-#include <QRadialGradient>
 #include <algorithm>
 #include <cmath>
 
+#include "qt/CardArtDraw.h"
+
 namespace corvanna {
 
-namespace {
-
-const QColor kRed(0xC4, 0x12, 0x2F);
-const QColor kBlack(0x1A, 0x1A, 0x1A);
-const QColor kCardBorder(0x8C, 0x8C, 0x8C);
-
-struct Face {
-    int rank = 0;
-    char suit = 0;
-};
+namespace cardart {
 
 // "1S" .. "13D"
 bool parseFace(const std::string& name, Face& out) {
@@ -42,284 +32,7 @@ bool parseFace(const std::string& name, Face& out) {
     return true;
 }
 
-QString rankText(int rank) {
-    switch (rank) {
-        case 1: return QStringLiteral("A");
-        case 11: return QStringLiteral("J");
-        case 12: return QStringLiteral("Q");
-        case 13: return QStringLiteral("K");
-        default: return QString::number(rank);
-    }
-}
-
-QString suitText(char suit) {
-    switch (suit) {
-        case 'S': return QString(QChar(0x2660));
-        case 'H': return QString(QChar(0x2665));
-        case 'C': return QString(QChar(0x2663));
-        default: return QString(QChar(0x2666));
-    }
-}
-
-QColor suitColor(char suit) {
-    return suit == 'H' || suit == 'D' ? kRed : kBlack;
-}
-
-QFont artFont(const char* family, qreal pixelSize, bool bold) {
-    QFont f(QString::fromLatin1(family));
-    f.setPixelSize(std::max(1, static_cast<int>(std::lround(pixelSize))));
-    f.setBold(bold);
-    f.setStyleStrategy(QFont::PreferAntialias);
-    return f;
-}
-
-// Glyphs as paths, centred on their ink rather than on the font's line box,
-// so the big middle suit sits exactly in the middle at every size.
-void drawCentredText(QPainter& p, const QString& text, const QFont& font, const QPointF& centre,
-                     const QColor& color) {
-    QPainterPath path;
-    path.addText(0, 0, font, text);
-    const QRectF ink = path.boundingRect();
-    path.translate(centre - ink.center());
-    p.fillPath(path, color);
-}
-
-// Fits text of the font's family into the given ink height, then centres it.
-void drawTextInBox(QPainter& p, const QString& text, const char* family, bool bold,
-                   const QRectF& box, const QColor& color) {
-    QPainterPath probe;
-    probe.addText(0, 0, artFont(family, 100, bold), text);
-    const QRectF ink = probe.boundingRect();
-    if (ink.isEmpty())
-        return;
-    const qreal scale = std::min(box.width() / ink.width(), box.height() / ink.height());
-    drawCentredText(p, text, artFont(family, 100 * scale, bold), box.center(), color);
-}
-
-qreal cornerRadius(const QRectF& r) {
-    return std::min(r.width(), r.height()) * 0.08;
-}
-
-void cardBase(QPainter& p, const QRectF& r, const QColor& fill) {
-    const qreal pen = std::max(1.0, r.width() / 90.0);
-    const QRectF body = r.adjusted(pen / 2, pen / 2, -pen / 2, -pen / 2);
-    p.setPen(QPen(kCardBorder, pen));
-    p.setBrush(fill);
-    p.drawRoundedRect(body, cornerRadius(r), cornerRadius(r));
-}
-
-void paintFace(QPainter& p, const QRectF& r, const Face& face) {
-    cardBase(p, r, Qt::white);
-    const QColor ink = suitColor(face.suit);
-    const QString rank = rankText(face.rank);
-    const QString suit = suitText(face.suit);
-    const qreal w = r.width(), h = r.height();
-
-    // Index in two corners: the second is the first turned half round.
-    const QRectF rankBox(r.left() + w * 0.05, r.top() + h * 0.05, w * 0.17, h * 0.13);
-    const QRectF suitBox(rankBox.left(), rankBox.bottom() + h * 0.02, rankBox.width(), h * 0.1);
-    for (int corner = 0; corner < 2; ++corner) {
-        p.save();
-        if (corner == 1) {
-            p.translate(r.center());
-            p.rotate(180);
-            p.translate(-r.center());
-        }
-        const QRectF rb = face.rank == 10 ? rankBox.adjusted(-w * 0.02, 0, w * 0.03, 0) : rankBox;
-        drawTextInBox(p, rank, "DejaVu Sans", true, rb, ink);
-        drawTextInBox(p, suit, "DejaVu Sans", false, suitBox, ink);
-        p.restore();
-    }
-
-    if (face.rank >= 11) {
-        // Court cards: a tinted panel with the letter, so J, Q and K read at a glance.
-        const QRectF panel(r.left() + w * 0.25, r.top() + h * 0.2, w * 0.5, h * 0.6);
-        p.setPen(QPen(ink, std::max(1.0, w / 70.0)));
-        p.setBrush(QColor(0xF6, 0xE7, 0xB8));
-        p.drawRoundedRect(panel, w * 0.04, w * 0.04);
-        drawTextInBox(p, rank, "DejaVu Serif", true,
-                      QRectF(panel.left(), panel.top() + panel.height() * 0.1, panel.width(),
-                             panel.height() * 0.42),
-                      ink);
-        drawTextInBox(p, suit, "DejaVu Sans", false,
-                      QRectF(panel.left(), panel.top() + panel.height() * 0.6, panel.width(),
-                             panel.height() * 0.28),
-                      ink);
-    } else {
-        const qreal size = std::min(w * 0.5, h * 0.38);
-        drawTextInBox(p, suit, "DejaVu Sans", false,
-                      QRectF(r.center().x() - size / 2, r.center().y() - size / 2, size, size),
-                      ink);
-    }
-}
-
-enum class Design { Palm, Magic, Night, Hot };
-
-void paintPalm(QPainter& p, const QRectF& in) {
-    QLinearGradient g(in.topLeft(), in.bottomRight());
-    g.setColorAt(0, QColor(0x2E, 0x8B, 0x4A));
-    g.setColorAt(1, QColor(0x0E, 0x4A, 0x22));
-    p.fillRect(in, g);
-    // A light lattice behind the tree.
-    p.setPen(QPen(QColor(255, 255, 255, 40), std::max(1.0, in.width() / 80.0)));
-    const qreal step = in.width() / 6.0;
-    for (qreal d = -in.height(); d < in.width(); d += step) {
-        p.drawLine(QPointF(in.left() + d, in.top()),
-                   QPointF(in.left() + d + in.height(), in.bottom()));
-        p.drawLine(QPointF(in.left() + d + in.height(), in.top()),
-                   QPointF(in.left() + d, in.bottom()));
-    }
-    // The palm: a leaning trunk and a crown of leaves.
-    const QPointF base(in.left() + in.width() * 0.45, in.bottom() - in.height() * 0.12);
-    const QPointF crown(in.left() + in.width() * 0.58, in.top() + in.height() * 0.35);
-    QPainterPath trunk(base);
-    trunk.quadTo(QPointF(in.left() + in.width() * 0.62, in.center().y() + in.height() * 0.1),
-                 crown);
-    p.setPen(QPen(QColor(0x8B, 0x5A, 0x2B), in.width() * 0.07, Qt::SolidLine, Qt::RoundCap));
-    p.setBrush(Qt::NoBrush);
-    p.drawPath(trunk);
-    p.setPen(Qt::NoPen);
-    p.setBrush(QColor(0xB8, 0xE9, 0x86));
-    const qreal len = in.width() * 0.32;
-    for (int i = 0; i < 6; ++i) {
-        const qreal a = (-170 + i * 32) * M_PI / 180.0;
-        const QPointF tip =
-            crown + QPointF(std::cos(a) * len, std::sin(a) * len * 0.8 + len * 0.25);
-        const QPointF mid = (crown + tip) / 2;
-        const QPointF off(-(tip.y() - crown.y()) * 0.18, (tip.x() - crown.x()) * 0.18);
-        QPainterPath leaf(crown);
-        leaf.quadTo(mid + off, tip);
-        leaf.quadTo(mid - off * 0.4, crown);
-        p.drawPath(leaf);
-    }
-    p.setBrush(QColor(0x6B, 0x3E, 0x1E));
-    p.drawEllipse(crown, in.width() * 0.04, in.width() * 0.04);
-}
-
-void drawStar(QPainter& p, const QPointF& c, qreal outer, qreal inner, const QColor& color) {
-    QPolygonF star;
-    for (int i = 0; i < 10; ++i) {
-        const qreal r = i % 2 ? inner : outer;
-        const qreal a = (-90 + i * 36) * M_PI / 180.0;
-        star << c + QPointF(std::cos(a) * r, std::sin(a) * r);
-    }
-    p.setPen(Qt::NoPen);
-    p.setBrush(color);
-    p.drawPolygon(star);
-}
-
-void paintMagic(QPainter& p, const QRectF& in) {
-    QRadialGradient g(in.center(), std::max(in.width(), in.height()) * 0.7);
-    g.setColorAt(0, QColor(0x8E, 0x4C, 0xC4));
-    g.setColorAt(1, QColor(0x2E, 0x12, 0x52));
-    p.fillRect(in, g);
-    // Scattered small stars on a fixed grid, every other row shifted.
-    const qreal step = in.width() / 5.0;
-    int row = 0;
-    for (qreal y = in.top() + step / 2; y < in.bottom(); y += step, ++row)
-        for (qreal x = in.left() + (row % 2 ? step : step / 2); x < in.right(); x += step)
-            drawStar(p, QPointF(x, y), step * 0.12, step * 0.05, QColor(255, 230, 160, 110));
-    // A ring with a big star: the magic circle.
-    const qreal radius = std::min(in.width(), in.height()) * 0.3;
-    p.setPen(QPen(QColor(0xF3, 0xD2, 0x6B), std::max(1.0, in.width() / 40.0)));
-    p.setBrush(Qt::NoBrush);
-    p.drawEllipse(in.center(), radius, radius);
-    drawStar(p, in.center(), radius * 0.85, radius * 0.36, QColor(0xF3, 0xD2, 0x6B));
-}
-
-void paintNight(QPainter& p, const QRectF& in) {
-    QLinearGradient g(in.topLeft(), in.bottomLeft());
-    g.setColorAt(0, QColor(0x0A, 0x11, 0x28));
-    g.setColorAt(1, QColor(0x1D, 0x35, 0x66));
-    p.fillRect(in, g);
-    const qreal w = in.width(), h = in.height();
-    // Stars at fixed spots, the moon top right.
-    static const qreal spots[][2] = {{0.15, 0.1},  {0.35, 0.2}, {0.22, 0.35}, {0.5, 0.08},
-                                     {0.85, 0.42}, {0.1, 0.55}, {0.62, 0.3},  {0.4, 0.45}};
-    for (auto& s : spots)
-        drawStar(p, QPointF(in.left() + w * s[0], in.top() + h * s[1]), w * 0.03, w * 0.012,
-                 QColor(255, 255, 220, 200));
-    p.setPen(Qt::NoPen);
-    p.setBrush(QColor(0xF4, 0xF1, 0xC9));
-    p.drawEllipse(QPointF(in.left() + w * 0.75, in.top() + h * 0.17), w * 0.1, w * 0.1);
-    // The castle: a wall with two towers, all with battlements.
-    QPainterPath castle;
-    const qreal ground = in.bottom();
-    auto block = [&](qreal x0, qreal x1, qreal top) {
-        castle.addRect(QRectF(in.left() + w * x0, in.top() + h * top, w * (x1 - x0),
-                              ground - (in.top() + h * top)));
-        const qreal merlon = w * (x1 - x0) / 5;
-        for (int i = 0; i < 5; i += 2)
-            castle.addRect(QRectF(in.left() + w * x0 + i * merlon, in.top() + h * top - h * 0.04,
-                                  merlon, h * 0.04 + 1));
-    };
-    block(0.2, 0.8, 0.68);
-    block(0.12, 0.32, 0.52);
-    block(0.68, 0.88, 0.52);
-    block(0.42, 0.58, 0.6);
-    castle.setFillRule(Qt::WindingFill);
-    p.fillPath(castle.simplified(), QColor(0x05, 0x08, 0x14));
-    p.setBrush(QColor(0xF5, 0xC8, 0x42));
-    p.drawRect(QRectF(in.left() + w * 0.47, in.top() + h * 0.66, w * 0.06, h * 0.07));
-}
-
-void paintHot(QPainter& p, const QRectF& in) {
-    QLinearGradient g(in.bottomLeft(), in.topLeft());
-    g.setColorAt(0, QColor(0xF7, 0x9F, 0x1B));
-    g.setColorAt(0.55, QColor(0xE2, 0x3B, 0x1E));
-    g.setColorAt(1, QColor(0x8E, 0x10, 0x10));
-    p.fillRect(in, g);
-    // Rows of flame tongues rising from the bottom.
-    const qreal w = in.width(), h = in.height();
-    const QColor shades[] = {QColor(0xFF, 0xD1, 0x4A, 200), QColor(0xFF, 0x8C, 0x1A, 170),
-                             QColor(0xFF, 0xF0, 0x9E, 220)};
-    for (int row = 0; row < 3; ++row) {
-        const qreal baseY = in.bottom();
-        const qreal peak = h * (0.55 - row * 0.14);
-        const int tongues = 4 + row;
-        const qreal tw = w / tongues;
-        QPainterPath flames(QPointF(in.left(), baseY));
-        for (int i = 0; i < tongues; ++i) {
-            const qreal x0 = in.left() + i * tw;
-            const qreal tip = peak * (i % 2 ? 0.8 : 1.0);
-            flames.cubicTo(QPointF(x0 + tw * 0.1, baseY - tip * 0.5),
-                           QPointF(x0 + tw * 0.6, baseY - tip * 0.6),
-                           QPointF(x0 + tw * 0.45, baseY - tip));
-            flames.cubicTo(QPointF(x0 + tw * 0.75, baseY - tip * 0.55),
-                           QPointF(x0 + tw * 0.9, baseY - tip * 0.3), QPointF(x0 + tw, baseY));
-        }
-        flames.closeSubpath();
-        p.fillPath(flames, shades[row]);
-    }
-}
-
-void paintBack(QPainter& p, const QRectF& r, Design design) {
-    cardBase(p, r, Qt::white);
-    // A white margin round the design, as printed backs have.
-    const qreal margin = std::min(r.width(), r.height()) * 0.07;
-    const QRectF in = r.adjusted(margin, margin, -margin, -margin);
-    const qreal radius = cornerRadius(r) * 0.6;
-    QPainterPath clip;
-    clip.addRoundedRect(in, radius, radius);
-    p.save();
-    p.setClipPath(clip, Qt::IntersectClip);
-    switch (design) {
-        case Design::Palm: paintPalm(p, in); break;
-        case Design::Magic: paintMagic(p, in); break;
-        case Design::Night: paintNight(p, in); break;
-        case Design::Hot: paintHot(p, in); break;
-    }
-    p.restore();
-}
-
-// "full" is a stack of three cards, "half" of two, "back" one.
-void paintBacks(QPainter& p, const QRectF& r, Design design, int cards) {
-    const qreal off = std::min(r.width(), r.height()) * 0.045;
-    const QSizeF size(r.width() - off * (cards - 1), r.height() - off * (cards - 1));
-    for (int i = 0; i < cards; ++i)
-        paintBack(p, QRectF(r.topLeft() + QPointF(off * i, off * i), size), design);
-}
-
+// "palm-full", "magic-back", "hot-half", ...: full is a stack, half a smaller one.
 bool parseBack(const std::string& name, Design& design, int& cards) {
     const auto dash = name.find('-');
     if (dash == std::string::npos)
@@ -336,7 +49,7 @@ bool parseBack(const std::string& name, Design& design, int& cards) {
     else
         return false;
     if (s == "full")
-        cards = 3;
+        cards = 4;
     else if (s == "half")
         cards = 2;
     else if (s == "back")
@@ -346,63 +59,197 @@ bool parseBack(const std::string& name, Design& design, int& cards) {
     return true;
 }
 
-void paintEmptyPlace(QPainter& p, const QRectF& r) {
-    const qreal pen = std::max(1.5, r.width() / 40.0);
-    const QRectF body = r.adjusted(pen, pen, -pen, -pen);
-    p.setBrush(QColor(255, 255, 255, 28));
-    QPen dashed(QColor(235, 235, 235, 200), pen, Qt::DashLine, Qt::RoundCap);
-    dashed.setDashPattern({3, 2.5});
-    p.setPen(dashed);
-    p.drawRoundedRect(body, cornerRadius(r), cornerRadius(r));
+bool isRed(char suit) {
+    return suit == 'H' || suit == 'D';
 }
 
-void paintSplash(QPainter& p, const QRectF& r) {
-    QLinearGradient g(r.topLeft(), r.bottomRight());
-    g.setColorAt(0, QColor(0x1B, 0x5E, 0x3B));
-    g.setColorAt(1, QColor(0x0B, 0x2E, 0x1C));
-    const qreal pen = std::max(1.0, r.width() / 90.0);
-    p.setPen(QPen(QColor(0xD9, 0xB3, 0x4A), pen * 2));
-    p.setBrush(g);
-    p.drawRoundedRect(r.adjusted(pen, pen, -pen, -pen), cornerRadius(r), cornerRadius(r));
-    const qreal w = r.width(), h = r.height();
-    drawTextInBox(p, QStringLiteral("Tierfall"), "DejaVu Serif", true,
-                  QRectF(r.left() + w * 0.12, r.top() + h * 0.38, w * 0.76, h * 0.2),
-                  QColor(0xF6, 0xE7, 0xB8));
-    // The four suits in a row under the name, and one above.
-    const char suits[] = {'S', 'H', 'C', 'D'};
-    const qreal cell = w * 0.14;
-    for (int i = 0; i < 4; ++i) {
-        const QColor c = suits[i] == 'H' || suits[i] == 'D' ? QColor(0xF0, 0x6A, 0x6A)
-                                                            : QColor(0xF6, 0xE7, 0xB8);
-        drawTextInBox(
-            p, suitText(suits[i]), "DejaVu Sans", false,
-            QRectF(r.left() + w * 0.22 + i * cell, r.top() + h * 0.66, cell * 0.7, cell * 0.7), c);
+QColor suitColor(char suit) {
+    return isRed(suit) ? QColor(0xB8, 0x10, 0x2A) : QColor(0x16, 0x17, 0x1C);
+}
+
+qreal deviceScale(const QPainter& p) {
+    const QTransform t = p.deviceTransform();
+    return std::max(1e-3, std::sqrt(std::abs(t.determinant())));
+}
+
+namespace {
+
+// Each sign is built from its left half where it is symmetric, in a box about one unit
+// high, then moved and scaled so its ink is exactly one unit high around the origin.
+QPainterPath normalised(QPainterPath path) {
+    const QRectF b = path.boundingRect();
+    QTransform t;
+    t.scale(1.0 / b.height(), 1.0 / b.height());
+    t.translate(-b.center().x(), -b.center().y());
+    return t.map(path);
+}
+
+QPainterPath heartPath() {
+    QPainterPath h(QPointF(0, 0.5));
+    h.cubicTo(QPointF(-0.1, 0.34), QPointF(-0.5, 0.1), QPointF(-0.5, -0.17));
+    h.cubicTo(QPointF(-0.5, -0.37), QPointF(-0.37, -0.49), QPointF(-0.25, -0.49));
+    h.cubicTo(QPointF(-0.12, -0.49), QPointF(-0.03, -0.41), QPointF(0, -0.29));
+    h.cubicTo(QPointF(0.03, -0.41), QPointF(0.12, -0.49), QPointF(0.25, -0.49));
+    h.cubicTo(QPointF(0.37, -0.49), QPointF(0.5, -0.37), QPointF(0.5, -0.17));
+    h.cubicTo(QPointF(0.5, 0.1), QPointF(0.1, 0.34), QPointF(0, 0.5));
+    h.closeSubpath();
+    return h;
+}
+
+// The foot under spades and clubs: a flared stem with hollow sides.
+QPainterPath stemPath(qreal top, qreal width) {
+    QPainterPath s(QPointF(-0.035, top));
+    s.quadTo(QPointF(-0.03, 0.4), QPointF(-width / 2, 0.5));
+    s.lineTo(QPointF(width / 2, 0.5));
+    s.quadTo(QPointF(0.03, 0.4), QPointF(0.035, top));
+    s.closeSubpath();
+    return s;
+}
+
+QPainterPath spadePath() {
+    QTransform flip;
+    flip.translate(0, -0.12);
+    flip.scale(0.98, -0.76);
+    // United piece by piece, as overlapping parts drawn the other way round would cancel
+    // out; large, because uniting flattens curves at a fixed step.
+    const QTransform big = QTransform::fromScale(1000, 1000);
+    return big.map(flip.map(heartPath())).united(big.map(stemPath(0.12, 0.36)));
+}
+
+QPainterPath clubPath() {
+    const qreal r = 0.215;
+    const QTransform big = QTransform::fromScale(1000, 1000);
+    auto disc = [&](QPointF c, qreal radius) {
+        QPainterPath d;
+        d.addEllipse(c, radius, radius);
+        return big.map(d);
+    };
+    return disc(QPointF(0, -0.27), r)
+        .united(disc(QPointF(-0.255, 0.1), r))
+        .united(disc(QPointF(0.255, 0.1), r))
+        .united(disc(QPointF(0, 0.02), 0.12))
+        .united(big.map(stemPath(0.0, 0.36)));
+}
+
+QPainterPath diamondPath() {
+    QPainterPath d(QPointF(0, -0.5));
+    d.quadTo(QPointF(0.14, -0.2), QPointF(0.39, 0));
+    d.quadTo(QPointF(0.14, 0.2), QPointF(0, 0.5));
+    d.quadTo(QPointF(-0.14, 0.2), QPointF(-0.39, 0));
+    d.quadTo(QPointF(-0.14, -0.2), QPointF(0, -0.5));
+    d.closeSubpath();
+    return d;
+}
+
+struct TextKey {
+    QString text, family;
+    bool bold;
+    bool operator==(const TextKey&) const = default;
+};
+
+size_t qHash(const TextKey& k, size_t seed = 0) {
+    return ::qHash(k.text, seed) ^ ::qHash(k.family, seed) ^ (k.bold ? 1u : 0u);
+}
+
+// Glyph outlines at a fixed size; scaled per card, so a font is shaped once per text.
+const QPainterPath& textPath(const QString& text, const QString& family, bool bold) {
+    static QHash<TextKey, QPainterPath> cache;
+    const TextKey key{text, family, bold};
+    auto it = cache.find(key);
+    if (it == cache.end()) {
+        QFont f(family);
+        f.setPixelSize(100);
+        f.setBold(bold);
+        QPainterPath path;
+        path.addText(0, 0, f, text);
+        it = cache.insert(key, path);
     }
-    drawTextInBox(p, suitText('S'), "DejaVu Sans", false,
-                  QRectF(r.center().x() - w * 0.1, r.top() + h * 0.12, w * 0.2, h * 0.18),
-                  QColor(0xD9, 0xB3, 0x4A));
+    return *it;
 }
 
-void paintPointer(QPainter& p, const QRectF& r) {
-    // An arrow with a blunt, finger-like tip, pointing up and to the left.
-    const qreal s = std::min(r.width(), r.height());
-    const QPointF o = r.topLeft() + QPointF((r.width() - s) / 2, (r.height() - s) / 2);
-    const QPointF pts[] = {{0.12, 0.06}, {0.12, 0.8},  {0.32, 0.62}, {0.47, 0.94},
-                           {0.6, 0.88},  {0.45, 0.57}, {0.72, 0.57}};
-    QPolygonF arrow;
-    for (auto& pt : pts)
-        arrow << o + pt * s;
-    p.setPen(QPen(Qt::black, std::max(1.0, s / 16.0), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    p.setBrush(Qt::white);
-    p.drawPolygon(arrow);
+}  // namespace
+
+const QPainterPath& suitPath(char suit) {
+    static const QPainterPath spade = normalised(spadePath());
+    static const QPainterPath heart = normalised(heartPath());
+    static const QPainterPath club = normalised(clubPath());
+    static const QPainterPath diamond = normalised(diamondPath());
+    switch (suit) {
+        case 'S': return spade;
+        case 'H': return heart;
+        case 'C': return club;
+        default: return diamond;
+    }
 }
+
+void drawSuit(QPainter& p, char suit, const QPointF& centre, qreal height, bool upsideDown,
+              const QColor& color) {
+    p.save();
+    p.translate(centre);
+    if (upsideDown)
+        p.rotate(180);
+    p.scale(height, height);
+    p.fillPath(suitPath(suit), color);
+    p.restore();
+}
+
+void drawTextInBox(QPainter& p, const QString& text, const QString& family, bool bold,
+                   const QRectF& box, const QColor& color, Qt::Alignment align) {
+    const QPainterPath& path = textPath(text, family, bold);
+    const QRectF ink = path.boundingRect();
+    if (ink.isEmpty() || box.isEmpty())
+        return;
+    const qreal sy = box.height() / ink.height();
+    const qreal sx = std::min(sy, box.width() / ink.width());
+    const qreal inkWidth = ink.width() * sx;
+    qreal left = box.center().x() - inkWidth / 2;
+    if (align & Qt::AlignLeft)
+        left = box.left();
+    else if (align & Qt::AlignRight)
+        left = box.right() - inkWidth;
+    p.save();
+    p.translate(left, box.top());
+    p.scale(sx, sy);
+    p.translate(-ink.left(), -ink.top());
+    p.fillPath(path, color);
+    p.restore();
+}
+
+qreal cornerRadius(const QRectF& r) {
+    return std::min(r.width(), r.height()) * 0.075;
+}
+
+QRectF cardBase(QPainter& p, const QRectF& r, const QColor& fill) {
+    // The border is a whole number of real pixels wide and lies on pixel centres.
+    const qreal scale = deviceScale(p);
+    const qreal penPx = std::max(1.0, std::round(std::min(r.width(), r.height()) * scale / 90.0));
+    const qreal pen = penPx / scale;
+    const QTransform toDevice = p.deviceTransform();
+    QRectF dev = toDevice.mapRect(r);
+    dev = QRectF(QPointF(std::round(dev.left()), std::round(dev.top())),
+                 QPointF(std::round(dev.right()), std::round(dev.bottom())));
+    const QRectF snapped = toDevice.inverted().mapRect(dev);
+    const QRectF body = snapped.adjusted(pen / 2, pen / 2, -pen / 2, -pen / 2);
+    p.setPen(QPen(QColor(0x8E, 0x88, 0x7C), pen));
+    p.setBrush(fill);
+    p.drawRoundedRect(body, cornerRadius(r), cornerRadius(r));
+    return body.adjusted(pen / 2, pen / 2, -pen / 2, -pen / 2);
+}
+
+}  // namespace cardart
+
+using namespace cardart;
+
+namespace {
 
 // A name nobody knows shows itself, so a wrong key is seen at once.
 void paintUnknown(QPainter& p, const QRectF& r, const std::string& name) {
     p.setPen(QPen(QColor(0xD0, 0x20, 0xD0), 1, Qt::DashLine));
     p.setBrush(QColor(255, 255, 255, 60));
     p.drawRect(r.adjusted(0.5, 0.5, -0.5, -0.5));
-    p.setFont(artFont("DejaVu Sans", std::max(6.0, r.height() / 8), false));
+    QFont f(QStringLiteral("DejaVu Sans"));
+    f.setPixelSize(std::max(6, static_cast<int>(r.height() / 8)));
+    p.setFont(f);
     p.drawText(r, Qt::AlignCenter | Qt::TextWordWrap, QString::fromStdString(name));
 }
 
@@ -422,6 +269,7 @@ void CardArt::paint(QPainter& p, const QRectF& rect, const std::string& picture)
     p.save();
     p.setRenderHint(QPainter::Antialiasing, true);
     p.setRenderHint(QPainter::TextAntialiasing, true);
+    p.setRenderHint(QPainter::SmoothPixmapTransform, true);
     Face face;
     Design design;
     int cards = 0;
@@ -447,7 +295,7 @@ QPixmap CardArt::pixmap(const std::string& picture, QSize size, qreal dpr) {
         dpr = 1;
     static const bool cacheSized = [] {
         // A few window sizes' worth of a full deck at high resolution.
-        QPixmapCache::setCacheLimit(std::max(QPixmapCache::cacheLimit(), 48 * 1024));
+        QPixmapCache::setCacheLimit(std::max(QPixmapCache::cacheLimit(), 64 * 1024));
         return true;
     }();
     (void)cacheSized;
@@ -459,15 +307,16 @@ QPixmap CardArt::pixmap(const std::string& picture, QSize size, qreal dpr) {
     QPixmap pm;
     if (QPixmapCache::find(key, &pm))
         return pm;
-    const QSize device(static_cast<int>(std::ceil(size.width() * dpr)),
-                       static_cast<int>(std::ceil(size.height() * dpr)));
+    const QSize device(static_cast<int>(std::ceil(size.width() * dpr - 1e-6)),
+                       static_cast<int>(std::ceil(size.height() * dpr - 1e-6)));
     pm = QPixmap(device);
-    pm.setDevicePixelRatio(dpr);
     pm.fill(Qt::transparent);
     {
+        // Drawn in real pixels, so the border and the index land on whole pixels.
         QPainter p(&pm);
-        paint(p, QRectF(QPointF(0, 0), QSizeF(size)), picture);
+        paint(p, QRectF(QPointF(0, 0), QSizeF(device)), picture);
     }
+    pm.setDevicePixelRatio(dpr);
     QPixmapCache::insert(key, pm);
     return pm;
 }

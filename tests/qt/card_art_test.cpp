@@ -1,0 +1,320 @@
+// The card pictures as a player sees them: every picture at its real pixel size, served
+// from the cache, with the right number of pips in the suit's colour, court cards and
+// backs that tell themselves apart.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QPixmap>
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "common/PictureStore.h"
+#include "qt/CardArt.h"
+
+namespace corvanna {
+namespace {
+
+// The renderer's tests share this executable and may have made the application already.
+void ensureCardArtApp() {
+    if (QCoreApplication::instance())
+        return;
+    static int argc = 1;
+    static char name[] = "corvanna_qt_tests";
+    static char* argv[] = {name, nullptr};
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QApplication* app = new QApplication(argc, argv);
+    (void)app;
+}
+
+std::vector<std::string> allPictures() {
+    PictureStore store;
+    std::vector<std::string> names;
+    for (int slot = 1; slot <= PictureStore::kSlots; ++slot)
+        names.push_back(store.pictureOfSlot(slot));
+    return names;
+}
+
+QImage render(const std::string& name, QSize size, qreal dpr = 1) {
+    return CardArt::pixmap(name, size, dpr).toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+bool isRedInk(QRgb c) {
+    return qAlpha(c) > 200 && qRed(c) > 140 && qGreen(c) < 90 && qBlue(c) < 110;
+}
+
+bool isDarkInk(QRgb c) {
+    return qAlpha(c) > 200 && qRed(c) < 80 && qGreen(c) < 80 && qBlue(c) < 80;
+}
+
+// Connected blobs of pixels that match, within area, of at least minArea pixels.
+int countBlobs(const QImage& img, const QRect& area, const std::function<bool(QRgb)>& match,
+               int minArea) {
+    const QRect a = area.intersected(img.rect());
+    std::vector<char> seen(static_cast<size_t>(img.width()) * img.height(), 0);
+    auto index = [&](int x, int y) { return static_cast<size_t>(y) * img.width() + x; };
+    int blobs = 0;
+    std::vector<QPoint> stack;
+    for (int y = a.top(); y <= a.bottom(); ++y)
+        for (int x = a.left(); x <= a.right(); ++x) {
+            if (seen[index(x, y)] || !match(img.pixel(x, y)))
+                continue;
+            int size = 0;
+            seen[index(x, y)] = 1;
+            stack.push_back({x, y});
+            while (!stack.empty()) {
+                const QPoint p = stack.back();
+                stack.pop_back();
+                ++size;
+                for (int dy = -1; dy <= 1; ++dy)
+                    for (int dx = -1; dx <= 1; ++dx) {
+                        const int nx = p.x() + dx, ny = p.y() + dy;
+                        if (!a.contains(nx, ny) || seen[index(nx, ny)] || !match(img.pixel(nx, ny)))
+                            continue;
+                        seen[index(nx, ny)] = 1;
+                        stack.push_back({nx, ny});
+                    }
+            }
+            if (size >= minArea)
+                ++blobs;
+        }
+    return blobs;
+}
+
+// The part of a face between the two corner indices, where the pips are.
+QRect pipArea(const QImage& img) {
+    const int w = img.width(), h = img.height();
+    return QRect(QPoint(w * 20 / 100, h * 3 / 100), QPoint(w * 80 / 100, h * 97 / 100));
+}
+
+int countPips(const std::string& face) {
+    const QImage img = render(face, QSize(276, 376));
+    const char suit = face.back();
+    const bool red = suit == 'H' || suit == 'D';
+    return countBlobs(img, pipArea(img), red ? isRedInk : isDarkInk, 300);
+}
+
+// Share of pixels that differ clearly between two images of one size.
+double differingShare(const QImage& a, const QImage& b) {
+    if (a.size() != b.size())
+        return 1.0;
+    long differ = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
+            if (std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q)) +
+                    std::abs(qBlue(p) - qBlue(q)) + std::abs(qAlpha(p) - qAlpha(q)) >
+                60)
+                ++differ;
+        }
+    return double(differ) / (a.width() * a.height());
+}
+
+QColor meanColour(const QImage& img, const QRect& area) {
+    double r = 0, g = 0, b = 0;
+    long n = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QRgb c = img.pixel(x, y);
+            r += qRed(c);
+            g += qGreen(c);
+            b += qBlue(c);
+            ++n;
+        }
+    return QColor(int(r / n), int(g / n), int(b / n));
+}
+
+class CardArtPictures : public ::testing::Test {
+protected:
+    void SetUp() override { ensureCardArtApp(); }
+};
+
+TEST_F(CardArtPictures, EveryPictureIsDrawnAtItsRealPixelSize) {
+    const std::vector<std::string> names = allPictures();
+    ASSERT_EQ(names.size(), 68u);
+    struct Case {
+        QSize size;
+        qreal dpr;
+    };
+    const Case cases[] = {
+        {{35, 47}, 1}, {{69, 94}, 1}, {{69, 94}, 2}, {{138, 188}, 1.5}, {{276, 376}, 1}};
+    for (const Case& c : cases)
+        for (const std::string& name : names) {
+            SCOPED_TRACE(name + " at " + std::to_string(c.size.width()) + "x" +
+                         std::to_string(c.size.height()) + "@" + std::to_string(c.dpr));
+            EXPECT_TRUE(CardArt::knows(name));
+            const QPixmap pm = CardArt::pixmap(name, c.size, c.dpr);
+            if (name == "Empty") {
+                // The blank slot paints nothing at all, so the board shows through.
+                EXPECT_TRUE(pm.isNull());
+                continue;
+            }
+            ASSERT_FALSE(pm.isNull());
+            const QSize device(int(std::ceil(c.size.width() * c.dpr)),
+                               int(std::ceil(c.size.height() * c.dpr)));
+            EXPECT_EQ(pm.size(), device);
+            EXPECT_DOUBLE_EQ(pm.devicePixelRatio(), c.dpr);
+            const QImage img = pm.toImage().convertToFormat(QImage::Format_ARGB32);
+            long painted = 0;
+            for (int y = 0; y < img.height(); ++y)
+                for (int x = 0; x < img.width(); ++x)
+                    painted += qAlpha(img.pixel(x, y)) > 0;
+            // Even the pointer and the empty place cover a fair part of their box.
+            EXPECT_GT(painted, long(img.width()) * img.height() / 10);
+        }
+}
+
+TEST_F(CardArtPictures, SamePictureComesFromTheCacheAndEachSizeIsItsOwn) {
+    const QPixmap first = CardArt::pixmap("9C", QSize(69, 94), 1);
+    EXPECT_EQ(CardArt::pixmap("9C", QSize(69, 94), 1).cacheKey(), first.cacheKey());
+    EXPECT_NE(CardArt::pixmap("9C", QSize(70, 95), 1).cacheKey(), first.cacheKey());
+    const QPixmap sharp = CardArt::pixmap("9C", QSize(69, 94), 2);
+    EXPECT_NE(sharp.cacheKey(), first.cacheKey());
+    EXPECT_EQ(sharp.size(), QSize(138, 188));
+    EXPECT_EQ(CardArt::pixmap("9C", QSize(69, 94), 2).cacheKey(), sharp.cacheKey());
+}
+
+TEST_F(CardArtPictures, EdgesLieOnWholePixels) {
+    // A snapped border covers the outermost pixel fully; a blurred one would leave it
+    // half see-through, and right inside the border the card is white.
+    for (qreal dpr : {1.0, 2.0})
+        for (const char* name : {"5H", "13S", "palm-back"}) {
+            SCOPED_TRACE(std::string(name) + "@" + std::to_string(dpr));
+            const QImage img = render(name, QSize(69, 94), dpr);
+            const int mid = img.height() / 2;
+            EXPECT_EQ(qAlpha(img.pixel(0, mid)), 255);
+            EXPECT_EQ(qAlpha(img.pixel(img.width() - 1, mid)), 255);
+            bool whiteInside = false;
+            for (int x = 1; x <= 3; ++x) {
+                const QRgb c = img.pixel(x, mid);
+                whiteInside |= qRed(c) > 240 && qGreen(c) > 240 && qBlue(c) > 230;
+            }
+            EXPECT_TRUE(whiteInside);
+        }
+}
+
+TEST_F(CardArtPictures, PipCardsShowTheirRankInPips) {
+    EXPECT_EQ(countPips("7H"), 7);
+    EXPECT_EQ(countPips("10S"), 10);
+    EXPECT_EQ(countPips("2D"), 2);
+    for (char suit : {'S', 'H', 'C', 'D'})
+        for (int rank = 1; rank <= 10; ++rank) {
+            const std::string face = std::to_string(rank) + suit;
+            EXPECT_EQ(countPips(face), rank) << face;
+        }
+}
+
+TEST_F(CardArtPictures, PipsAreInTheSuitsColour) {
+    // The three has a pip in the very middle of the card.
+    for (char suit : {'S', 'H', 'C', 'D'}) {
+        const std::string face = std::string("3") + suit;
+        const QImage img = render(face, QSize(138, 188));
+        const QColor centre =
+            meanColour(img, QRect(img.width() / 2 - 1, img.height() / 2 - 1, 3, 3));
+        if (suit == 'H' || suit == 'D') {
+            EXPECT_GT(centre.red(), 140) << face;
+            EXPECT_LT(centre.green(), 60) << face;
+            EXPECT_LT(centre.blue(), 80) << face;
+        } else {
+            EXPECT_LT(std::max({centre.red(), centre.green(), centre.blue()}), 60) << face;
+        }
+    }
+}
+
+TEST_F(CardArtPictures, CornerIndexStaysOnTinyCards) {
+    // At the smallest window the corner index is what the player reads.
+    for (const char* name : {"10H", "7S", "12D", "1C"}) {
+        const QImage img = render(name, QSize(35, 47));
+        const bool red =
+            name[std::string(name).size() - 1] == 'H' || name[std::string(name).size() - 1] == 'D';
+        auto ink = [&](QRgb c) {
+            return qAlpha(c) > 200 && (red ? qRed(c) > 120 && qGreen(c) < 120
+                                           : std::max({qRed(c), qGreen(c), qBlue(c)}) < 110);
+        };
+        int topLeft = 0, bottomRight = 0;
+        for (int y = 0; y < 16; ++y)
+            for (int x = 0; x < 9; ++x) {
+                topLeft += ink(img.pixel(x + 1, y + 1));
+                bottomRight += ink(img.pixel(img.width() - 2 - x, img.height() - 2 - y));
+            }
+        EXPECT_GT(topLeft, 20) << name;
+        EXPECT_NEAR(topLeft, bottomRight, topLeft / 5)
+            << name << ": one corner is the other turned";
+    }
+}
+
+TEST_F(CardArtPictures, FacesOfDifferentRanksDiffer) {
+    for (char suit : {'S', 'H', 'C', 'D'}) {
+        std::vector<QImage> faces;
+        for (int rank = 1; rank <= 13; ++rank)
+            faces.push_back(render(std::to_string(rank) + suit, QSize(69, 94)));
+        for (int a = 0; a < 13; ++a)
+            for (int b = a + 1; b < 13; ++b)
+                EXPECT_GT(differingShare(faces[a], faces[b]), 0.005)
+                    << (a + 1) << suit << " vs " << (b + 1) << suit;
+    }
+}
+
+TEST_F(CardArtPictures, CourtCardsAreFiguresOfTheirOwn) {
+    for (char suit : {'S', 'H', 'C', 'D'}) {
+        const std::string s(1, suit);
+        const QImage jack = render("11" + s, QSize(138, 188));
+        const QImage queen = render("12" + s, QSize(138, 188));
+        const QImage king = render("13" + s, QSize(138, 188));
+        const QImage ten = render("10" + s, QSize(138, 188));
+        EXPECT_GT(differingShare(jack, queen), 0.1) << s;
+        EXPECT_GT(differingShare(queen, king), 0.1) << s;
+        EXPECT_GT(differingShare(jack, king), 0.1) << s;
+        for (const QImage* court : {&jack, &queen, &king}) {
+            EXPECT_GT(differingShare(*court, ten), 0.2) << s;
+            // A face in each half: the figure is there, twice.
+            auto skin = [](QRgb c) {
+                return qRed(c) > 225 && qGreen(c) > 190 && qGreen(c) < 225 && qBlue(c) > 160 &&
+                       qBlue(c) < 195;
+            };
+            const int w = court->width(), h = court->height();
+            EXPECT_EQ(countBlobs(*court, QRect(0, 0, w, h / 2), skin, 40), 1) << s;
+            EXPECT_EQ(countBlobs(*court, QRect(0, h / 2, w, h - h / 2), skin, 40), 1) << s;
+        }
+        // Double-headed: the figure turned half round is itself, near enough.
+        for (const QImage* court : {&jack, &queen, &king})
+            EXPECT_LT(differingShare(*court, court->mirrored(true, true)), 0.02) << s;
+    }
+    // The same rank in another suit is the same figure in other colours.
+    EXPECT_GT(differingShare(render("13S", QSize(138, 188)), render("13H", QSize(138, 188))), 0.05);
+}
+
+TEST_F(CardArtPictures, BackDesignsHaveTheirOwnColours) {
+    auto middle = [](const std::string& name) {
+        const QImage img = render(name, QSize(138, 188));
+        return meanColour(img, QRect(img.width() / 5, img.height() / 5, img.width() * 3 / 5,
+                                     img.height() * 3 / 5));
+    };
+    const QColor palm = middle("palm-back"), magic = middle("magic-back"),
+                 night = middle("night-back"), hot = middle("hot-back");
+    EXPECT_GT(palm.green(), palm.red() + 20);
+    EXPECT_GT(palm.green(), palm.blue() + 20);
+    EXPECT_GT(magic.blue(), magic.green() + 40);
+    EXPECT_GT(magic.red(), magic.green() + 20);
+    EXPECT_GT(night.blue(), night.red());
+    EXPECT_LT(night.lightness(), 70);
+    EXPECT_GT(hot.red(), hot.green() + 40);
+    EXPECT_GT(hot.green(), hot.blue());
+    // A stack shows more card edges than a single back, on the same design.
+    for (const char* design : {"palm", "magic", "night", "hot"}) {
+        const std::string d(design);
+        const QImage one = render(d + "-back", QSize(69, 94));
+        const QImage half = render(d + "-half", QSize(69, 94));
+        const QImage full = render(d + "-full", QSize(69, 94));
+        EXPECT_GT(differingShare(one, half), 0.05) << d;
+        EXPECT_GT(differingShare(half, full), 0.02) << d;
+    }
+}
+
+}  // namespace
+}  // namespace corvanna
