@@ -267,7 +267,14 @@ protected:
                 static_cast<FrameBox*>(widget_.data())->setTitle(qs(model_->caption()));
                 break;
             case Prop::ForeColor:
-            case Prop::BackColor: applyColors(true); break;
+            case Prop::BackColor: {
+                // The frame paints its own fill inside its border.
+                applyColors(false);
+                static_cast<FrameBox*>(widget_.data())
+                    ->setFill(model_->backTransparent() ? QColor(Qt::transparent)
+                                                        : toQColor(model_->backColor()));
+                break;
+            }
             default: ControlPeer::apply(p);
         }
     }

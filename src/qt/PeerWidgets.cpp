@@ -93,6 +93,11 @@ void ShapeWidget::setStyle(ShapeType type, QColor border, int borderWidth, bool 
 
 FrameBox::FrameBox(QWidget* parent) : QWidget(parent) {}
 
+void FrameBox::setFill(const QColor& fill) {
+    fill_ = fill;
+    update();
+}
+
 void FrameBox::setTitle(const QString& title) {
     title_ = title;
     update();
@@ -107,15 +112,16 @@ void FrameBox::paintEvent(QPaintEvent*) {
     QColor line = text;
     line.setAlphaF(0.45);
     const QRectF box = QRectF(rect()).adjusted(0.5, captionH / 2.0 + 0.5, -0.5, -0.5);
+    // Only the box is filled: the band the caption sits in shows what lies behind.
     p.setPen(QPen(line, 1));
-    p.setBrush(Qt::NoBrush);
+    p.setBrush(fill_);
     p.drawRoundedRect(box, 4, 4);
     if (title_.isEmpty())
         return;
     // The caption sits on the border, with the frame's own background behind it.
     const int pad = 4;
     const QRect caption(10, 0, fm.horizontalAdvance(title_) + 2 * pad, captionH);
-    p.fillRect(caption, palette().color(QPalette::Window));
+    p.fillRect(caption.adjusted(0, captionH / 2, 0, 0), fill_);
     p.setPen(text);
     p.drawText(caption, Qt::AlignCenter, title_);
 }

@@ -73,12 +73,15 @@ class FrameBox : public QWidget {
 public:
     explicit FrameBox(QWidget* parent);
     void setTitle(const QString& title);
+    // Transparent for none.
+    void setFill(const QColor& fill);
 
 protected:
     void paintEvent(QPaintEvent*) override;
 
 private:
     QString title_;
+    QColor fill_ = Qt::transparent;
 };
 
 // A Shape: border and optional fill, never in the way of a click.
