@@ -42,9 +42,22 @@ std::vector<GameInfo> makeGames() {
     t.playQuitQuestion = "You have a game in progress, are you sure you want to quit now?";
     t.unloadPausesFirst = true;
     t.dialogPause = DialogPause::ByPauseButton;
-    t.settingsKeys = {"Color", "Play Music", "Time", "DrawTimer", "Play Sounds", "CardGoal",
-                      "Bonus Round Score", "Completion Bonus", "Elevens Bonus", "Elevens Bonus ES",
-                      "Time Bonus", "State", "New Score Mode", "Width", "Height", "Deck"};
+    t.settingsKeys = {"Color",
+                      "Play Music",
+                      "Time",
+                      "DrawTimer",
+                      "Play Sounds",
+                      "CardGoal",
+                      "Bonus Round Score",
+                      "Completion Bonus",
+                      "Elevens Bonus",
+                      "Elevens Bonus ES",
+                      "Time Bonus",
+                      "State",
+                      "New Score Mode",
+                      "Width",
+                      "Height",
+                      "Deck"};
     t.countDownKey = "DrawTimer";
     t.bonusKey = "Bonus Round Score";
     t.hintLine = "Click on exposed cards to total 11!   ";
@@ -74,9 +87,10 @@ std::vector<GameInfo> makeGames() {
     f.minWidth = f.maximisedWidth = 9540;
     f.minHeight = f.maximisedHeight = 7305;
     f.bonusLine = " for bonus round.  ";
-    f.settingsKeys = {"Time", "Play Sounds", "Play Music", "Deck", "TimeBonusMax", "TimeBonusMin",
-                      "BonusScore", "WaitPeriod", "CountDownScore", "Cards To Pass", "State",
-                      "Width", "Height"};
+    f.settingsKeys = {"Time",           "Play Sounds",   "Play Music", "Deck",
+                      "TimeBonusMax",   "TimeBonusMin",  "BonusScore", "WaitPeriod",
+                      "CountDownScore", "Cards To Pass", "State",      "Width",
+                      "Height"};
     f.countDownKey = "CountDownScore";
     f.bonusKey = "BonusScore";
     f.hintLine = "Click on Hit buttons to create columns of 21!   ";
@@ -116,10 +130,22 @@ std::vector<GameInfo> makeGames() {
     h.minHeight = h.maximisedHeight = 7155;
     h.welcomeSuffix = "!      ";
     h.bonusLine = " for bonus round.";
-    h.settingsKeys = {"Play Sounds", "Timer Speed", "Play Music", "Deck", "Cards To Pass",
-                      "TwentyOne Bonus Value", "Cards Used Bonus Value", "5 Cards Bonus Value",
-                      "Deck Completion Bonus", "Wait Period", "Time Limit", "Bonus Round Score",
-                      "Count Down Score", "State", "Width", "Height"};
+    h.settingsKeys = {"Play Sounds",
+                      "Timer Speed",
+                      "Play Music",
+                      "Deck",
+                      "Cards To Pass",
+                      "TwentyOne Bonus Value",
+                      "Cards Used Bonus Value",
+                      "5 Cards Bonus Value",
+                      "Deck Completion Bonus",
+                      "Wait Period",
+                      "Time Limit",
+                      "Bonus Round Score",
+                      "Count Down Score",
+                      "State",
+                      "Width",
+                      "Height"};
     h.timeKey = "Time Limit";
     h.bonusKey = "Bonus Round Score";
     h.hintLine = "Create columns of 21 to increase bonus score!";
@@ -142,9 +168,10 @@ std::vector<GameInfo> makeGames() {
     s.highScorePrefix = "Current High Score: ";
     s.defaultBonusRoundScore = 40000;
     s.minWidth = s.maximisedWidth = 9570;
-    s.settingsKeys = {"Play Music", "Time", "Play Sounds", "Hi Run", "Card Bonus", "Bonus Score",
-                      "Tower Bonus", "High Run Bonus", "Count Down Score", "Time Bonus", "State",
-                      "Width", "Height", "Deck"};
+    s.settingsKeys = {"Play Music",       "Time",        "Play Sounds", "Hi Run",
+                      "Card Bonus",       "Bonus Score", "Tower Bonus", "High Run Bonus",
+                      "Count Down Score", "Time Bonus",  "State",       "Width",
+                      "Height",           "Deck"};
     s.hintLine = "Create runs by clicking on exposed cards!   ";
     games.push_back(s);
 
@@ -163,9 +190,9 @@ std::vector<GameInfo> makeGames() {
     d.bonusRoundCaption = "";
     d.defaultBonusRoundScore = 80000;
     d.minWidth = d.maximisedWidth = 9570;
-    d.settingsKeys = {"Play Music", "Time", "Play Sounds", "Play Music", "Count Down Score",
-                      "Pairs Bonus", "Runs Bonus", "Time Bonus", "Bonus Score", "Completion Bonus",
-                      "State", "Width", "Height", "Deck"};
+    d.settingsKeys = {"Play Music",  "Time",       "Play Sounds", "Play Music",  "Count Down Score",
+                      "Pairs Bonus", "Runs Bonus", "Time Bonus",  "Bonus Score", "Completion Bonus",
+                      "State",       "Width",      "Height",      "Deck"};
     d.hintLine = "Create runs by clicking on exposed cards!   ";
     games.push_back(d);
 
@@ -193,10 +220,25 @@ std::vector<GameInfo> makeGames() {
     g.maximisedHeight = 7200;
     g.welcomeSuffix = "   ";
     g.bonusLine = " for bonus round.  ";
-    g.settingsKeys = {"Time", "Play Sounds", "Play Music", "Count Down Score", "Deck",
-                      "Time Bonus", "Bonus Score", "Pair Score", "Two Pair Score", "Trips Score",
-                      "Flush Score", "Full House Score", "Straight Score", "Four Score",
-                      "Straight Flush Score", "Royal Flush Score", "Over Writes", "State", "Width",
+    g.settingsKeys = {"Time",
+                      "Play Sounds",
+                      "Play Music",
+                      "Count Down Score",
+                      "Deck",
+                      "Time Bonus",
+                      "Bonus Score",
+                      "Pair Score",
+                      "Two Pair Score",
+                      "Trips Score",
+                      "Flush Score",
+                      "Full House Score",
+                      "Straight Score",
+                      "Four Score",
+                      "Straight Flush Score",
+                      "Royal Flush Score",
+                      "Over Writes",
+                      "State",
+                      "Width",
                       "Height"};
     g.hintLine = "Click on cards to get the best Poker hand!   ";
     games.push_back(g);
@@ -227,9 +269,10 @@ std::vector<GameInfo> makeGames() {
     c.defaultTimeBonus = 200;
     c.minWidth = c.maximisedWidth = 9540;
     c.minHeight = c.maximisedHeight = 7305;
-    c.settingsKeys = {"Time", "Play Sounds", "Play Music", "Count Down Score", "Deck",
-                      "Time Bonus", "Bonus Score", "Trips Score", "Runs Score", "Flush Score",
-                      "Deck Completion", "LeftOverCards", "State", "Width", "Height"};
+    c.settingsKeys = {"Time",       "Play Sounds", "Play Music",      "Count Down Score",
+                      "Deck",       "Time Bonus",  "Bonus Score",     "Trips Score",
+                      "Runs Score", "Flush Score", "Deck Completion", "LeftOverCards",
+                      "State",      "Width",       "Height"};
     c.hintLine = "Create runs and triples by moving available cards!   ";
     games.push_back(c);
 
@@ -242,9 +285,10 @@ std::vector<GameInfo> makeGames() {
     l.endGameTip = "Ends the current game";
     l.defaultBonusRoundScore = 250000;
     l.minWidth = l.maximisedWidth = 9570;
-    l.settingsKeys = {"Play Music", "Time", "Play Sounds", "Count Down Score", "Topic",
-                      "Time Bonus", "Bonus Score", "Completion Bonus", "Guess Bonus", "Guess Count",
-                      "ShowPhrase", "State", "Width", "Height", "Topic"};
+    l.settingsKeys = {"Play Music",  "Time",        "Play Sounds", "Count Down Score",
+                      "Topic",       "Time Bonus",  "Bonus Score", "Completion Bonus",
+                      "Guess Bonus", "Guess Count", "ShowPhrase",  "State",
+                      "Width",       "Height",      "Topic"};
     l.hintLine = "Discover the phrase by selecting available letters  ";
     games.push_back(l);
 
@@ -264,7 +308,7 @@ std::vector<GameInfo> makeGames() {
     w.minWidth = w.maximisedWidth = 9540;
     w.minHeight = w.maximisedHeight = 7305;
     w.settingsKeys = {"Play Sounds", "Play Music", "Deck", "Bonus Score", "Wildslot CompleteBonus",
-                      "Time Bonus", "Count Down", "Time", "Width", "Height"};
+                      "Time Bonus",  "Count Down", "Time", "Width",       "Height"};
     w.countDownKey = "Count Down";
     w.bonusLine = " for bonus round.  ";
     games.push_back(w);

@@ -12,6 +12,8 @@
 #include <algorithm>
 
 #include "qt/FormWindow.h"
+#include "qt/MusicPlayer.h"
+#include "qt/SoundPlayer.h"
 
 namespace corvanna {
 
@@ -360,10 +362,22 @@ int QtPlatform::screenHeightTwips() {
 
 // ---- Outside world
 
-// Sound and music come with their own change; until then the game plays silently.
-void QtPlatform::playWave(const std::string&) {}
-void QtPlatform::startMusic(const std::string&) {}
-void QtPlatform::stopMusic() {}
+void QtPlatform::playWave(const std::string& path) {
+    if (!sound_)
+        sound_ = std::make_unique<SoundPlayer>();
+    sound_->play(QString::fromStdString(path));
+}
+
+void QtPlatform::startMusic(const std::string& path) {
+    if (!music_)
+        music_ = std::make_unique<MusicPlayer>();
+    music_->start(QString::fromStdString(path));
+}
+
+void QtPlatform::stopMusic() {
+    if (music_)
+        music_->stop();
+}
 
 UrlResult QtPlatform::openUrl(const std::string& url) {
     const QUrl u(QString::fromStdString(url), QUrl::StrictMode);

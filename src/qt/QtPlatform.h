@@ -9,6 +9,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <memory>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -21,6 +22,8 @@ class QTimer;
 namespace corvanna {
 
 class FormWindow;
+class MusicPlayer;
+class SoundPlayer;
 
 class QtPlatform : public QObject, public Platform {
     Q_OBJECT
@@ -95,6 +98,10 @@ private:
         QEventLoop* loop;
     };
     std::vector<ModalRun> modalRuns_;
+
+    // Made on the first sound or tune; silent without an audio device.
+    std::unique_ptr<SoundPlayer> sound_;
+    std::unique_ptr<MusicPlayer> music_;
 };
 
 }  // namespace corvanna

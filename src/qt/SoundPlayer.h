@@ -1,0 +1,36 @@
+#pragma once
+// The game's wave sounds through Qt Multimedia. One effect per file, made on the
+// file's first play and kept, so later plays start without loading anything.
+// A new sound cuts off the one before; a missing file plays nothing.
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+class QSoundEffect;
+
+namespace corvanna {
+
+class SoundPlayer : public QObject {
+    Q_OBJECT
+public:
+    explicit SoundPlayer(QObject* parent = nullptr);
+    ~SoundPlayer() override;
+
+    void play(const QString& path);
+    void stop();
+
+    // The effect kept for a file (a QSoundEffect), or nullptr when none was made.
+    QObject* effectFor(const QString& path) const;
+    // How many files have an effect kept.
+    int effectCount() const { return static_cast<int>(effects_.size()); }
+
+private:
+    QSoundEffect* effectOf(const QString& path);
+
+    QHash<QString, QSoundEffect*> effects_;
+    QPointer<QSoundEffect> current_;
+};
+
+}  // namespace corvanna

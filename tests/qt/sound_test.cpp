@@ -1,0 +1,638 @@
+// The program's own sounds and tune as the build makes them, and their playback in the
+// real window on a machine with no sound card: silent, and never in the way.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QMessageBox>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "qt/MusicPlayer.h"
+#include "qt/QtPlatform.h"
+#include "qt/SoundPlayer.h"
+
+namespace corvanna {
+namespace {
+
+// The tests in this program share one application object; whoever comes first makes it.
+void ensureSoundTestApp() {
+    if (QCoreApplication::instance())
+        return;
+    static int argc = 1;
+    static char name[] = "corvanna_qt_tests";
+    static char* argv[] = {name, nullptr};
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    new QApplication(argc, argv);
+}
+
+// The test program lives in build/tests; what the build made, in build/assets and build/tools.
+QString buildDir() {
+    return QDir(QCoreApplication::applicationDirPath() + "/..").absolutePath();
+}
+QString assetsDir() {
+    return buildDir() + "/assets";
+}
+
+QByteArray readAll(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+std::uint32_t le(const QByteArray& b, qsizetype at, int bytes) {
+    std::uint32_t v = 0;
+    for (int i = bytes - 1; i >= 0; --i)
+        v = (v << 8) | static_cast<std::uint8_t>(b[at + i]);
+    return v;
+}
+
+std::uint32_t be(const QByteArray& b, qsizetype at, int bytes) {
+    std::uint32_t v = 0;
+    for (int i = 0; i < bytes; ++i)
+        v = (v << 8) | static_cast<std::uint8_t>(b[at + i]);
+    return v;
+}
+
+void runLoopFor(int ms) {
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+// ---- Waves
+
+struct Wave {
+    int format = 0, channels = 0, rate = 0, bits = 0;
+    std::vector<std::int16_t> samples;
+    double seconds() const { return rate ? static_cast<double>(samples.size()) / rate : 0; }
+};
+
+// Walks the RIFF chunks as any reader would; an error names what is wrong.
+std::string parseWave(const QByteArray& b, Wave& w) {
+    if (b.size() < 12 || b.left(4) != "RIFF" || b.mid(8, 4) != "WAVE")
+        return "not RIFF/WAVE";
+    if (le(b, 4, 4) + 8 != static_cast<std::uint32_t>(b.size()))
+        return "RIFF length does not match the file";
+    bool haveFmt = false, haveData = false;
+    qsizetype at = 12;
+    while (at + 8 <= b.size()) {
+        const QByteArray id = b.mid(at, 4);
+        const std::uint32_t size = le(b, at + 4, 4);
+        if (static_cast<std::uint64_t>(at) + 8 + size > static_cast<std::uint64_t>(b.size()))
+            return "chunk " + id.toStdString() + " runs past the end";
+        if (id == "fmt ") {
+            if (size < 16)
+                return "fmt chunk too short";
+            w.format = static_cast<int>(le(b, at + 8, 2));
+            w.channels = static_cast<int>(le(b, at + 10, 2));
+            w.rate = static_cast<int>(le(b, at + 12, 4));
+            const std::uint32_t byteRate = le(b, at + 16, 4);
+            const std::uint32_t blockAlign = le(b, at + 20, 2);
+            w.bits = static_cast<int>(le(b, at + 22, 2));
+            if (blockAlign != static_cast<std::uint32_t>(w.channels * w.bits / 8) ||
+                byteRate != static_cast<std::uint32_t>(w.rate) * blockAlign)
+                return "fmt block align or byte rate inconsistent";
+            haveFmt = true;
+        } else if (id == "data") {
+            if (!haveFmt)
+                return "data before fmt";
+            if (size % 2)
+                return "odd data length";
+            for (std::uint32_t i = 0; i < size; i += 2)
+                w.samples.push_back(static_cast<std::int16_t>(le(b, at + 8 + i, 2)));
+            haveData = true;
+        }
+        at += 8 + size + (size & 1);
+    }
+    if (!haveFmt || !haveData)
+        return "fmt or data chunk missing";
+    return {};
+}
+
+struct WaveUse {
+    const char* name;
+    double minSeconds, maxSeconds;
+};
+
+// Each sound's length fits what it goes with: a snap for a click, a swell for applause.
+const WaveUse kWaves[] = {
+    {"Click.wav", 0.02, 0.2},  {"Markq.wav", 0.02, 0.2},      {"Tick.wav", 0.02, 0.2},
+    {"Snap.wav", 0.01, 0.1},   {"CountScore.wav", 0.05, 0.3}, {"Chord.wav", 0.15, 0.8},
+    {"Slide.wav", 0.1, 0.6},   {"TwentyOne.wav", 0.2, 1.2},   {"Busted.wav", 0.3, 1.5},
+    {"Wingame.wav", 0.5, 2.5}, {"Applause.wav", 1.5, 2.5},    {"HighScore.wav", 1.5, 2.5},
+};
+
+TEST(ProgramSounds, EveryWaveIsCleanMonoPcmOfAFittingLength) {
+    ensureSoundTestApp();
+    std::map<std::string, double> lengths;
+    for (const WaveUse& use : kWaves) {
+        SCOPED_TRACE(use.name);
+        const QByteArray bytes = readAll(assetsDir() + "/" + use.name);
+        ASSERT_FALSE(bytes.isEmpty()) << "missing from " << assetsDir().toStdString();
+        Wave w;
+        ASSERT_EQ(parseWave(bytes, w), "");
+        EXPECT_EQ(w.format, 1) << "PCM";
+        EXPECT_EQ(w.channels, 1);
+        EXPECT_EQ(w.bits, 16);
+        EXPECT_TRUE(w.rate == 22050 || w.rate == 44100) << w.rate;
+        ASSERT_FALSE(w.samples.empty());
+        lengths[use.name] = w.seconds();
+        EXPECT_GE(w.seconds(), use.minSeconds);
+        EXPECT_LE(w.seconds(), use.maxSeconds);
+
+        int peak = 0, run = 0, longestFullRun = 0;
+        double energy = 0;
+        for (std::int16_t s : w.samples) {
+            const int a = std::abs(static_cast<int>(s));
+            peak = std::max(peak, a);
+            run = a >= 32766 ? run + 1 : 0;
+            longestFullRun = std::max(longestFullRun, run);
+            energy += static_cast<double>(s) * s;
+        }
+        const double peakDb = 20 * std::log10(peak / 32767.0);
+        const double rmsDb = 10 * std::log10(energy / w.samples.size() / (32767.0 * 32767.0));
+        EXPECT_EQ(longestFullRun, 0) << "clipped";
+        EXPECT_LE(peakDb, -1.0);
+        EXPECT_GE(peakDb, -10.0);
+        EXPECT_GE(rmsDb, -35.0) << "close to silence";
+
+        // In and out without a click: the very first and last samples are near zero, the
+        // start rises over a few samples and the end has faded before the last 2 ms.
+        const int fullScale = 32767;
+        EXPECT_LE(std::abs(w.samples.front()), fullScale / 100);
+        EXPECT_LE(std::abs(w.samples.back()), fullScale / 100);
+        const std::size_t lead = static_cast<std::size_t>(w.rate / 5000);  // 0.2 ms
+        const std::size_t tail = static_cast<std::size_t>(w.rate / 500);   // 2 ms
+        int startPeak = 0, endPeak = 0;
+        for (std::size_t i = 0; i < lead; ++i)
+            startPeak = std::max(startPeak, std::abs(static_cast<int>(w.samples[i])));
+        for (std::size_t i = w.samples.size() - tail; i < w.samples.size(); ++i)
+            endPeak = std::max(endPeak, std::abs(static_cast<int>(w.samples[i])));
+        EXPECT_LE(startPeak, fullScale / 5);
+        EXPECT_LE(endPeak, fullScale / 50);
+    }
+    for (const char* snap : {"Click.wav", "Markq.wav", "Tick.wav", "Snap.wav"})
+        EXPECT_GT(lengths["Applause.wav"], 5 * lengths[snap]) << snap;
+}
+
+TEST(ProgramSounds, ParserRefusesDamagedWaves) {
+    ensureSoundTestApp();
+    // The checks above are only as good as the parser: it must see these faults.
+    const QByteArray good = readAll(assetsDir() + "/Click.wav");
+    ASSERT_FALSE(good.isEmpty());
+    Wave w;
+    EXPECT_NE(parseWave(good.left(good.size() - 10), w), "");
+    QByteArray badFormat = good;
+    badFormat[20] = 3;  // IEEE float
+    Wave f;
+    ASSERT_EQ(parseWave(badFormat, f), "");
+    EXPECT_NE(f.format, 1);
+    QByteArray noFmt = good;
+    noFmt.replace(12, 4, "junk");
+    Wave n;
+    EXPECT_NE(parseWave(noFmt, n), "");
+}
+
+// ---- The tune
+
+struct Tune {
+    int format = -1, tracks = 0, division = 0;
+    std::uint32_t trackBytes = 0;  // headers and bodies of all MTrk chunks
+    int endsOfTrack = 0;
+    std::set<int> noteChannels;
+    std::set<int> programChannels;
+    int danglingNotes = 0;
+    double seconds = 0;
+};
+
+// Reads the whole file event by event (running status too); an error says where it broke.
+std::string parseMidi(const QByteArray& b, Tune& t) {
+    if (b.size() < 14 || b.left(4) != "MThd" || be(b, 4, 4) != 6)
+        return "no MThd header";
+    t.format = static_cast<int>(be(b, 8, 2));
+    t.tracks = static_cast<int>(be(b, 10, 2));
+    t.division = static_cast<int>(be(b, 12, 2));
+    if (t.division <= 0 || t.division & 0x8000)
+        return "not ticks per quarter";
+    std::map<std::int64_t, std::uint32_t> tempos;  // tick -> microseconds per quarter
+    std::int64_t lastTick = 0;
+    qsizetype at = 14;
+    for (int track = 0; track < t.tracks; ++track) {
+        if (at + 8 > b.size() || b.mid(at, 4) != "MTrk")
+            return "track " + std::to_string(track) + " missing";
+        const std::uint32_t len = be(b, at + 4, 4);
+        const qsizetype end = at + 8 + len;
+        if (end > b.size())
+            return "track " + std::to_string(track) + " runs past the end";
+        t.trackBytes += 8 + len;
+        qsizetype p = at + 8;
+        std::int64_t tick = 0;
+        int status = 0;
+        bool ended = false;
+        std::map<std::pair<int, int>, int> sounding;
+        while (p < end && !ended) {
+            std::uint32_t delta = 0;
+            int count = 0;
+            std::uint8_t c;
+            do {
+                if (p >= end || ++count > 4)
+                    return "bad delta time";
+                c = static_cast<std::uint8_t>(b[p++]);
+                delta = (delta << 7) | (c & 0x7F);
+            } while (c & 0x80);
+            tick += delta;
+            if (p >= end)
+                return "event cut off";
+            std::uint8_t first = static_cast<std::uint8_t>(b[p]);
+            if (first == 0xFF) {
+                if (p + 3 > end)
+                    return "meta cut off";
+                const int type = static_cast<std::uint8_t>(b[p + 1]);
+                const int mlen = static_cast<std::uint8_t>(b[p + 2]);  // all ours are short
+                if (p + 3 + mlen > end)
+                    return "meta runs past its track";
+                if (type == 0x51 && mlen == 3)
+                    tempos[tick] = be(b, p + 3, 3);
+                if (type == 0x2F) {
+                    ended = true;
+                    ++t.endsOfTrack;
+                }
+                p += 3 + mlen;
+                status = 0;
+                continue;
+            }
+            if (first == 0xF0 || first == 0xF7)
+                return "sysex not expected";
+            if (first & 0x80) {
+                status = first;
+                ++p;
+            } else if (!status) {
+                return "data byte without a status";
+            }
+            const int kind = status & 0xF0, channel = status & 0x0F;
+            const int size = kind == 0xC0 || kind == 0xD0 ? 1 : 2;
+            if (p + size > end)
+                return "channel event cut off";
+            const int d1 = static_cast<std::uint8_t>(b[p]);
+            const int d2 = size == 2 ? static_cast<std::uint8_t>(b[p + 1]) : 0;
+            if (d1 > 127 || d2 > 127)
+                return "data byte out of range";
+            p += size;
+            if (kind == 0x90 && d2 > 0) {
+                t.noteChannels.insert(channel);
+                ++sounding[{channel, d1}];
+            } else if (kind == 0x80 || (kind == 0x90 && d2 == 0)) {
+                if (--sounding[{channel, d1}] < 0)
+                    return "note-off without a note-on";
+            } else if (kind == 0xC0) {
+                t.programChannels.insert(channel);
+            }
+        }
+        if (!ended)
+            return "track " + std::to_string(track) + " has no end-of-track event";
+        if (p != end)
+            return "bytes after end-of-track in track " + std::to_string(track);
+        for (const auto& [key, n] : sounding)
+            t.danglingNotes += n;
+        lastTick = std::max(lastTick, tick);
+        at = end;
+    }
+    if (at != b.size())
+        return "bytes after the last track";
+    // Seconds from the tempo map: each stretch at its own tempo (120 a minute before any).
+    std::uint32_t us = 500000;
+    std::int64_t from = 0;
+    double seconds = 0;
+    for (const auto& [tick, tempo] : tempos) {
+        if (tick >= lastTick)
+            break;
+        seconds += static_cast<double>(tick - from) * us / t.division / 1e6;
+        from = tick;
+        us = tempo;
+    }
+    t.seconds = seconds + static_cast<double>(lastTick - from) * us / t.division / 1e6;
+    return {};
+}
+
+TEST(ProgramTune, OrlundIsAWholeMinuteLongFormatOneFile) {
+    ensureSoundTestApp();
+    const QByteArray bytes = readAll(assetsDir() + "/Orlund.MID");
+    ASSERT_FALSE(bytes.isEmpty()) << "missing from " << assetsDir().toStdString();
+    Tune t;
+    ASSERT_EQ(parseMidi(bytes, t), "");
+    EXPECT_EQ(t.format, 1);
+    EXPECT_GE(t.tracks, 4) << "a tempo track and a few instruments";
+    EXPECT_EQ(14 + t.trackBytes, static_cast<std::uint32_t>(bytes.size()));
+    EXPECT_EQ(t.endsOfTrack, t.tracks);
+    EXPECT_EQ(t.danglingNotes, 0);
+    EXPECT_GE(t.seconds, 45.0);
+    EXPECT_LE(t.seconds, 90.0);
+    EXPECT_TRUE(t.noteChannels.count(9)) << "percussion on channel 10";
+    std::set<int> melodic = t.noteChannels;
+    melodic.erase(9);
+    EXPECT_GE(melodic.size(), 2u);
+    for (int ch : melodic)
+        EXPECT_TRUE(t.programChannels.count(ch)) << "no program change on channel " << ch + 1;
+}
+
+TEST(ProgramTune, ParserRefusesDamagedFiles) {
+    ensureSoundTestApp();
+    const QByteArray good = readAll(assetsDir() + "/Orlund.MID");
+    ASSERT_FALSE(good.isEmpty());
+    Tune cut;
+    EXPECT_NE(parseMidi(good.left(good.size() - 3), cut), "");
+    // The last track loses its end-of-track event: FF 2F 00 becomes three data bytes.
+    QByteArray noEnd = good;
+    noEnd[noEnd.size() - 3] = 0x7F;
+    Tune open;
+    EXPECT_NE(parseMidi(noEnd, open), "");
+}
+
+// ---- Same bytes every build
+
+QByteArray runTool(const QString& tool, const QString& outDir) {
+    QProcess p;
+    p.start(buildDir() + "/tools/" + tool, {outDir});
+    if (!p.waitForFinished(30000) || p.exitStatus() != QProcess::NormalExit || p.exitCode() != 0)
+        return "failed: " + p.readAllStandardError();
+    return {};
+}
+
+TEST(ProgramAssets, ToolsWriteTheSameBytesEveryRun) {
+    ensureSoundTestApp();
+    QTemporaryDir one, two;
+    ASSERT_TRUE(one.isValid() && two.isValid());
+    for (const QString& tool : {QStringLiteral("make_sounds"), QStringLiteral("make_tune")}) {
+        ASSERT_EQ(runTool(tool, one.path()), QByteArray()) << tool.toStdString();
+        ASSERT_EQ(runTool(tool, two.path()), QByteArray()) << tool.toStdString();
+    }
+    std::vector<QString> names;
+    for (const WaveUse& use : kWaves)
+        names.push_back(use.name);
+    names.push_back("Orlund.MID");
+    for (const QString& name : names) {
+        SCOPED_TRACE(name.toStdString());
+        const QByteArray a = readAll(one.path() + "/" + name);
+        ASSERT_FALSE(a.isEmpty());
+        EXPECT_EQ(a, readAll(two.path() + "/" + name));
+        // And what the build put beside the program is the very same.
+        EXPECT_EQ(a, readAll(assetsDir() + "/" + name));
+    }
+}
+
+// ---- The tune through FluidSynth, rendered without any audio device
+
+double rmsDb(const std::vector<std::int16_t>& s, std::size_t from, std::size_t to) {
+    double e = 0;
+    for (std::size_t i = from; i < to; ++i)
+        e += static_cast<double>(s[i]) * s[i];
+    return 10 * std::log10(std::max(1e-9, e / (to - from)) / (32767.0 * 32767.0));
+}
+
+// How far apart two stretches of sound are in loudness over time (windows of 50 ms),
+// relative to the first one's loudness: 0 for the same music, more for other music.
+double loudnessDifference(const std::vector<std::int16_t>& a, const std::vector<std::int16_t>& b) {
+    const std::size_t window = 2 * 1100;
+    double apart = 0, total = 0;
+    for (std::size_t at = 0; at + window <= std::min(a.size(), b.size()); at += window) {
+        double ea = 0, eb = 0;
+        for (std::size_t i = at; i < at + window; ++i) {
+            ea += static_cast<double>(a[i]) * a[i];
+            eb += static_cast<double>(b[i]) * b[i];
+        }
+        apart += std::abs(std::sqrt(ea / window) - std::sqrt(eb / window));
+        total += std::sqrt(ea / window);
+    }
+    return total > 0 ? apart / total : 1.0;
+}
+
+std::vector<std::int16_t> samplesOf(const QByteArray& bytes) {
+    std::vector<std::int16_t> s(static_cast<std::size_t>(bytes.size() / 2));
+    for (std::size_t i = 0; i < s.size(); ++i)
+        s[i] = static_cast<std::int16_t>(le(bytes, static_cast<qsizetype>(2 * i), 2));
+    return s;
+}
+
+TEST(TuneRendering, PlaysOnceFromTheTopAndEnds) {
+    ensureSoundTestApp();
+    if (!MidiRenderer::available() || MidiRenderer::defaultSoundFont().isEmpty())
+        GTEST_SKIP() << "built without FluidSynth or no General MIDI soundfont installed";
+    const int rate = 22050;
+    MidiRenderer r(rate);
+    ASSERT_TRUE(r.open(assetsDir() + "/Orlund.MID"));
+    std::vector<std::int16_t> all;
+    std::vector<std::int16_t> chunk(2 * 4096);
+    // Far more than the tune: it must stop by itself, not loop.
+    for (int guard = 0; guard < 200 * rate / 4096; ++guard) {
+        const std::int64_t n = r.render(chunk.data(), 4096);
+        if (n == 0)
+            break;
+        all.insert(all.end(), chunk.begin(), chunk.begin() + 2 * n);
+    }
+    EXPECT_TRUE(r.ended());
+    // As long as its tempo map says, and a moment for the last notes to ring out.
+    Tune tune;
+    ASSERT_EQ(parseMidi(readAll(assetsDir() + "/Orlund.MID"), tune), "");
+    const double seconds = static_cast<double>(all.size()) / 2 / rate;
+    EXPECT_GE(seconds, tune.seconds);
+    EXPECT_LE(seconds, tune.seconds + 2.5);
+    // The ring fades out: the very end is near silence, not a cut.
+    int lastPeak = 0;
+    for (std::size_t i = all.size() - 2 * rate / 100; i < all.size(); ++i)
+        lastPeak = std::max(lastPeak, std::abs(static_cast<int>(all[i])));
+    EXPECT_LT(lastPeak, 330);
+    const std::size_t second = 2 * rate;
+    ASSERT_GT(all.size(), 12 * second);
+    // Sound from the first bars on, through the middle; no stretch of hard clipping.
+    EXPECT_GT(rmsDb(all, 0, 2 * second), -40.0);
+    EXPECT_GT(rmsDb(all, 20 * second, 30 * second), -40.0);
+    int run = 0, longest = 0;
+    for (std::int16_t s : all) {
+        run = std::abs(static_cast<int>(s)) >= 32767 ? run + 1 : 0;
+        longest = std::max(longest, run);
+    }
+    EXPECT_LT(longest, 4);
+
+    // Opened again it starts at the top: the same opening. Notes may land a block of
+    // samples apart, so the loudness over time is compared, not each sample.
+    ASSERT_TRUE(r.open(assetsDir() + "/Orlund.MID"));
+    EXPECT_EQ(r.position(), 0);
+    std::vector<std::int16_t> again(4 * rate);
+    ASSERT_EQ(r.render(again.data(), 2 * rate), 2 * rate);
+    const std::vector<std::int16_t> opening(all.begin(), all.begin() + 4 * rate);
+    EXPECT_LT(loudnessDifference(opening, again), 0.1);
+    // The measure tells a different stretch of the tune apart.
+    const std::vector<std::int16_t> later(all.begin() + 4 * rate, all.begin() + 8 * rate);
+    EXPECT_GT(loudnessDifference(opening, later), 0.2);
+}
+
+TEST(TuneRendering, UnusableFilesAreSilence) {
+    ensureSoundTestApp();
+    if (!MidiRenderer::available())
+        GTEST_SKIP() << "built without FluidSynth";
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    const QString garbage = dir.filePath("garbage.MID");
+    const QString truncated = dir.filePath("truncated.MID");
+    {
+        QFile g(garbage);
+        ASSERT_TRUE(g.open(QIODevice::WriteOnly));
+        g.write("this is not music at all");
+        QFile t(truncated);
+        ASSERT_TRUE(t.open(QIODevice::WriteOnly));
+        t.write(readAll(assetsDir() + "/Orlund.MID").left(200));
+    }
+    MidiRenderer r(22050);
+    EXPECT_FALSE(r.open(dir.filePath("missing.MID")));
+    EXPECT_FALSE(r.open(garbage));
+    EXPECT_TRUE(r.ended());
+    std::vector<std::int16_t> buf(2 * 4096);
+    EXPECT_EQ(r.render(buf.data(), 4096), 0);
+    // A file cut short may open, but it ends by itself within moments.
+    if (r.open(truncated)) {
+        std::int64_t frames = 0;
+        for (int guard = 0; guard < 100 && !r.ended(); ++guard)
+            frames += r.render(buf.data(), 4096);
+        EXPECT_TRUE(r.ended());
+        EXPECT_LT(frames, 22050 * 10);
+    }
+
+    MidiRenderer noBank(22050, dir.filePath("no-such.sf2"));
+    EXPECT_FALSE(noBank.open(assetsDir() + "/Orlund.MID"));
+}
+
+// ---- The players
+
+bool anyMessageBoxShown() {
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (qobject_cast<QMessageBox*>(w) && w->isVisible())
+            return true;
+    return QApplication::activeModalWidget() != nullptr;
+}
+
+// Runs the loop in small slices until the condition holds or the time is up.
+template <class Condition>
+bool waitUntil(Condition done, int timeoutMs = 5000) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!done()) {
+        if (clock.elapsed() > timeoutMs)
+            return false;
+        runLoopFor(2);
+    }
+    return true;
+}
+
+TEST(MusicPlayerTest, StartStopAndStartAgainFollowTheTune) {
+    ensureSoundTestApp();
+    if (!MidiRenderer::available() || MidiRenderer::defaultSoundFont().isEmpty())
+        GTEST_SKIP() << "built without FluidSynth or no General MIDI soundfont installed";
+    MusicPlayer music(MusicPlayer::Output::Pulled);
+    const QString tune = assetsDir() + "/Orlund.MID";
+
+    // Stopped while the soundfont is still loading: nothing starts once it is in.
+    music.start(tune);
+    EXPECT_TRUE(music.isPlaying());
+    music.stop();
+    EXPECT_FALSE(music.isPlaying());
+    ASSERT_TRUE(waitUntil([&] { return !music.isLoading(); }));
+    runLoopFor(2);
+    EXPECT_FALSE(music.isPlaying());
+    EXPECT_EQ(music.stream(), nullptr);
+
+    music.start(tune);
+    ASSERT_TRUE(music.isPlaying());
+    ASSERT_NE(music.stream(), nullptr) << "the soundfont is kept: the second start is at once";
+    QByteArray first = music.stream()->read(4 * 44100);
+    EXPECT_EQ(first.size(), 4 * 44100);
+    EXPECT_EQ(music.positionMs(), 1000);
+
+    // Started again while it plays: it goes on where it is.
+    music.start(tune);
+    EXPECT_TRUE(music.isPlaying());
+    EXPECT_EQ(music.positionMs(), 1000);
+    music.stream()->read(4 * 44100);
+    EXPECT_EQ(music.positionMs(), 2000);
+
+    // Stopped, it is silent; started, it is back at the top.
+    music.stop();
+    EXPECT_FALSE(music.isPlaying());
+    EXPECT_EQ(music.stream(), nullptr);
+    music.start(tune);
+    ASSERT_TRUE(music.isPlaying());
+    EXPECT_EQ(music.positionMs(), 0);
+    const QByteArray again = music.stream()->read(4 * 44100);
+    EXPECT_LT(loudnessDifference(samplesOf(first), samplesOf(again)), 0.1);
+
+    // A file it cannot read is silence.
+    music.stop();
+    music.start(assetsDir() + "/NoSuchTune.MID");
+    EXPECT_FALSE(music.isPlaying());
+}
+
+TEST(SoundPlayerTest, OneEffectPerFileKeptAndMissingFilesIgnored) {
+    ensureSoundTestApp();
+    SoundPlayer sound;
+    const QString click = assetsDir() + "/Click.wav";
+    const QString tick = assetsDir() + "/Tick.wav";
+    sound.play(click);
+    QObject* clickEffect = sound.effectFor(click);
+    ASSERT_NE(clickEffect, nullptr);
+    for (int i = 0; i < 5; ++i)
+        sound.play(click);
+    EXPECT_EQ(sound.effectFor(click), clickEffect);
+    EXPECT_EQ(sound.effectCount(), 1);
+
+    sound.play(tick);
+    EXPECT_EQ(sound.effectCount(), 2);
+    // The new sound cuts off the one before.
+    EXPECT_FALSE(clickEffect->property("playing").toBool());
+
+    sound.play(assetsDir() + "/NoSuchSound.wav");
+    EXPECT_EQ(sound.effectFor(assetsDir() + "/NoSuchSound.wav"), nullptr);
+    EXPECT_EQ(sound.effectCount(), 2);
+    runLoopFor(5);
+}
+
+TEST(QtPlatformSound, WithoutAudioDeviceEveryCallReturnsAtOnceAndQuietly) {
+    ensureSoundTestApp();
+    QtPlatform platform;
+    platform.setQuitWhenLastFormUnloaded(false);
+    const std::string assets = assetsDir().toStdString();
+    QElapsedTimer clock;
+    auto timed = [&](auto&& call) {
+        clock.start();
+        call();
+        return clock.elapsed();
+    };
+    // Even the first of each, which makes the players, the effect and the synthesiser.
+    EXPECT_LT(timed([&] { platform.playWave(assets + "/Click.wav"); }), 200);
+    EXPECT_LT(timed([&] { platform.playWave(assets + "/Click.wav"); }), 50);
+    EXPECT_LT(timed([&] { platform.playWave(assets + "/NoSuchSound.wav"); }), 50);
+    EXPECT_LT(timed([&] { platform.startMusic(assets + "/Orlund.MID"); }), 200);
+    EXPECT_LT(timed([&] { platform.stopMusic(); }), 50);
+    EXPECT_LT(timed([&] { platform.startMusic(assets + "/Orlund.MID"); }), 200);
+    EXPECT_LT(timed([&] { platform.startMusic(assets + "/NoSuchTune.MID"); }), 50);
+    // Whatever the audio layer does in the background must not stall the loop either.
+    EXPECT_LT(timed([&] { runLoopFor(10); }), 200);
+    EXPECT_FALSE(anyMessageBoxShown());
+    platform.stopMusic();
+    EXPECT_LT(timed([&] { platform.playWave(assets + "/Applause.wav"); }), 200);
+    EXPECT_FALSE(anyMessageBoxShown());
+}
+
+}  // namespace
+}  // namespace corvanna
