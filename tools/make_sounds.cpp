@@ -17,6 +17,8 @@
 #include <string>
 #include <vector>
 
+#include "Xorshift.h"
+
 namespace corvanna {
 namespace {
 
@@ -30,13 +32,8 @@ using Signal = std::vector<double>;
 // the noise must be the same on every build.
 class Noise {
 public:
-    explicit Noise(std::uint64_t seed) : state_(seed * 0x9E3779B97F4A7C15ull + 1) {}
-    std::uint64_t next() {
-        state_ ^= state_ >> 12;
-        state_ ^= state_ << 25;
-        state_ ^= state_ >> 27;
-        return state_ * 0x2545F4914F6CDD1Dull;
-    }
+    explicit Noise(std::uint64_t seed) : bits_(seed, 1) {}
+    std::uint64_t next() { return bits_.next64(); }
     // In [0, 1).
     double uniform() { return static_cast<double>(next() >> 11) * (1.0 / 9007199254740992.0); }
     // In [-1, 1).
@@ -44,7 +41,7 @@ public:
     double between(double lo, double hi) { return lo + (hi - lo) * uniform(); }
 
 private:
-    std::uint64_t state_;
+    corvanna::tools::Xorshift bits_;
 };
 
 int samplesFor(double seconds) {

@@ -18,6 +18,8 @@
 #include <string>
 #include <vector>
 
+#include "Xorshift.h"
+
 namespace corvanna {
 namespace {
 
@@ -28,18 +30,13 @@ constexpr int kBar = 4 * kTicksPerQuarter;
 // Our own generator, so every build composes exactly the same tune.
 class Dice {
 public:
-    explicit Dice(std::uint64_t seed) : state_(seed * 0x9E3779B97F4A7C15ull + 7) {}
-    std::uint32_t next() {
-        state_ ^= state_ >> 12;
-        state_ ^= state_ << 25;
-        state_ ^= state_ >> 27;
-        return static_cast<std::uint32_t>((state_ * 0x2545F4914F6CDD1Dull) >> 32);
-    }
+    explicit Dice(std::uint64_t seed) : bits_(seed, 7) {}
+    std::uint32_t next() { return static_cast<std::uint32_t>(bits_.next64() >> 32); }
     int below(int n) { return static_cast<int>(next() % static_cast<std::uint32_t>(n)); }
     bool chance(int percent) { return below(100) < percent; }
 
 private:
-    std::uint64_t state_;
+    corvanna::tools::Xorshift bits_;
 };
 
 // ---- The music

@@ -15,21 +15,13 @@
 
 #include "common/PictureStore.h"
 #include "qt/CardArt.h"
+#include "qt/QtTestApp.h"
 
 namespace corvanna {
 namespace {
 
-// The renderer's tests share this executable and may have made the application already.
 void ensureCardArtApp() {
-    if (QCoreApplication::instance())
-        return;
-    static int argc = 1;
-    static char name[] = "corvanna_qt_tests";
-    static char* argv[] = {name, nullptr};
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication* app = new QApplication(argc, argv);
-    (void)app;
+    qtTestApp();
 }
 
 std::vector<std::string> allPictures() {

@@ -27,21 +27,14 @@
 #include "qt/CardArt.h"
 #include "qt/FormWindow.h"
 #include "qt/QtPlatform.h"
+#include "qt/QtTestApp.h"
 #include "shell/Startup.h"
 
 namespace corvanna {
 namespace {
 
 QApplication& app() {
-    static int argc = 1;
-    static char name[] = "corvanna_qt_tests";
-    static char* argv[] = {name, nullptr};
-    static QApplication* instance = [] {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-        return new QApplication(argc, argv);
-    }();
-    return *instance;
+    return qtTestApp();
 }
 
 // Lets the event loop run for a while, as the user's program would between clicks.

@@ -22,21 +22,14 @@
 
 #include "qt/MusicPlayer.h"
 #include "qt/QtPlatform.h"
+#include "qt/QtTestApp.h"
 #include "qt/SoundPlayer.h"
 
 namespace corvanna {
 namespace {
 
-// The tests in this program share one application object; whoever comes first makes it.
 void ensureSoundTestApp() {
-    if (QCoreApplication::instance())
-        return;
-    static int argc = 1;
-    static char name[] = "corvanna_qt_tests";
-    static char* argv[] = {name, nullptr};
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    new QApplication(argc, argv);
+    qtTestApp();
 }
 
 // The test program lives in build/tests; what the build made, in build/assets and build/tools.
