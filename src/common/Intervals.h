@@ -12,7 +12,12 @@ inline constexpr int SelectorCards = 250;       // Timer1 of the selector
 inline constexpr int MessageFlash = 250;        // one colour swap of a flashing message
 inline constexpr int GameOverWait = 2000;       // "Game Over" stands this long
 
+inline constexpr int SpeedBonusShown = 2000;  // "Speed Bonus!" and the total before counting
+inline constexpr int CountBonusShown = 1000;  // a bonus's label and total before counting
+inline constexpr int CountUpStep = 75;        // one step of a count-up, with "Snap.wav"
+
 inline constexpr int FlashesAtTimeOut = 10;
 inline constexpr int FlashesBeforeRound = 11;
+inline constexpr int CountBonusSteps = 20;
 
 }  // namespace corvanna::ms

@@ -64,6 +64,8 @@ public:
     virtual void LayoutBoard(int left, int top, int width, int height) {
         (void)left, (void)top, (void)width, (void)height;
     }
+    // The points earned in this round, by which Gridflush multiplies its speed bonus.
+    virtual std::int32_t RoundPoints() const { return 0; }
     // Sets the scoring values to the game's defaults and checks them (CustomScoring).
     virtual void SetGameDefaults() {}
     virtual void CheckForCustom() {}
