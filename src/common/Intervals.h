@@ -11,6 +11,7 @@ inline constexpr int SplashStepTierfall = 250;  // Timer4 of Tierfall
 inline constexpr int SelectorCards = 250;       // Timer1 of the selector
 inline constexpr int MessageFlash = 250;        // one colour swap of a flashing message
 inline constexpr int GameOverWait = 2000;       // "Game Over" stands this long
+inline constexpr int HighScoreFlash = 500;      // Timer1 of the High Scores dialog, one blink
 
 inline constexpr int SpeedBonusShown = 2000;  // "Speed Bonus!" and the total before counting
 inline constexpr int CountBonusShown = 1000;  // a bonus's label and total before counting

@@ -22,6 +22,10 @@ struct SharedDialogs {
     std::function<void()> rules;
     std::function<void()> viewHighScores;
     std::function<void()> clearHighScores;
+    // The game form's high score label from its current table (made when missing), and
+    // the final score ranked in that table at game over.
+    std::function<void(Form&)> showHighScoreLabel;
+    std::function<void(Form&)> rankFinalScore;
 };
 
 class Program {

@@ -9,6 +9,8 @@ class Program;
 
 // The distributor's home page, opened from the selector.
 inline constexpr const char* kHomePageUrl = "https://www.example.org/velmora/";
+// The high score page, opened from the High Scores dialog.
+inline constexpr const char* kHighScorePageUrl = "https://www.example.org/orlund/High%20Scores.htm";
 
 void OpenWebPage(Program& prog, const std::string& url);
 

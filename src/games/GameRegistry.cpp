@@ -60,6 +60,7 @@ std::vector<GameInfo> makeGames() {
                       "Deck"};
     t.countDownKey = "DrawTimer";
     t.bonusKey = "Bonus Round Score";
+    t.clearPause = DialogPause::Never;
     t.hintLine = "Click on exposed cards to total 11!   ";
     games.push_back(t);
 
@@ -93,6 +94,7 @@ std::vector<GameInfo> makeGames() {
                       "Height"};
     f.countDownKey = "CountDownScore";
     f.bonusKey = "BonusScore";
+    f.clearPause = DialogPause::ByPauseButton;
     f.hintLine = "Click on Hit buttons to create columns of 21!   ";
     games.push_back(f);
 
@@ -148,6 +150,7 @@ std::vector<GameInfo> makeGames() {
                       "Height"};
     h.timeKey = "Time Limit";
     h.bonusKey = "Bonus Round Score";
+    h.clearPause = DialogPause::Never;
     h.hintLine = "Create columns of 21 to increase bonus score!";
     games.push_back(h);
 
@@ -310,6 +313,7 @@ std::vector<GameInfo> makeGames() {
     w.settingsKeys = {"Play Sounds", "Play Music", "Deck", "Bonus Score", "Wildslot CompleteBonus",
                       "Time Bonus",  "Count Down", "Time", "Width",       "Height"};
     w.countDownKey = "Count Down";
+    w.clearPause = DialogPause::ByPauseButton;
     w.bonusLine = " for bonus round.  ";
     games.push_back(w);
     return games;

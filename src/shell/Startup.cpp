@@ -2,6 +2,9 @@
 
 #include <QStandardPaths>
 
+#include "common/frame/GameFrame.h"
+#include "scores/HighScores.h"
+#include "scores/ScoreMenus.h"
 #include "shell/frmAbout.h"
 #include "shell/frmSelect.h"
 
@@ -16,9 +19,17 @@ void notYet(Program& prog, const std::string& what) {
 
 Form& startSelector(Program& prog) {
     prog.dialogs.about = [&prog] { ShowAbout(prog); };
+    InstallHighScoreDialogs(prog);
+    prog.dialogs.showHighScoreLabel = [&prog](Form& form) {
+        const HighScoreChoice choice = CurrentHighScoreTable(prog);
+        if (choice.table)
+            ShowHighScoreLabel(prog, choice.tableName, static_cast<GameFrame&>(form),
+                               choice.table->seedScore);
+    };
+    prog.dialogs.rankFinalScore = [&prog](Form&) {
+        UpdateHighScoreTable(prog, CurrentHighScoreTable(prog).tableName);
+    };
     prog.dialogs.rules = [&prog] { notYet(prog, "The rules of " + prog.state.AppTitle); };
-    prog.dialogs.viewHighScores = [&prog] { notYet(prog, "The high score tables"); };
-    prog.dialogs.clearHighScores = [&prog] { notYet(prog, "Clearing the high score tables"); };
     frmSelect& select = prog.load<frmSelect>();
     select.Form_Load();
     prog.platform.showForm(select, false);

@@ -339,13 +339,31 @@ TEST(Frame, SoundsAndTheTuneThroughAWholeGame) {
     g.Score = 40000;                   // enough for the bonus round
     t.fake.advance(30000 + 21 * 250);  // round two runs out: the bonus round starts
     EXPECT_EQ(f.lblCurrentRound->caption(), "Bonus");
-    t.fake.advance(30000 + 10 * 250 + 2000);  // the bonus round runs out: game over
+    // The bonus round runs out: game over, and 40,000 beats the table's seeds of 30,000:
+    // the name is asked and the table shows the new row flashing. 103 s have gone since
+    // 9:00:00 (35.25 + 35.25 + 32.5), so the entry is dated 09:01.
+    t.fake.queueModal([&](Form& name) {
+        static_cast<TextBox&>(*name.find("txtPlayerName")).setText("Rosa");
+        t.click(name.name(), "cmdOK");
+    });
+    t.fake.queueModal([&](Form& table) {
+        EXPECT_EQ(g.NewHighScoreRow, 0);
+        t.fake.advance(1000);  // the new row blinks on the table's own timer
+        t.click(table.name(), "cmdDone");
+    });
+    t.fake.advance(30000 + 10 * 250 + 2000);
     EXPECT_FALSE(g.GameInProgress);
+    EXPECT_EQ(g.NewHighScoreRow, -1);
+    EXPECT_EQ(f.lblHighScore.caption(), "Current High Score: 40,000");
+    const std::string table = t.file("Spirefold Hi Score Table 30.Txt");
+    EXPECT_EQ(table.substr(0, table.find('\n') + 1), "Rosa, 40000, Nov 23 2026 09:01 am\r\n");
+    EXPECT_TRUE(t.fake.takeErrors().empty());
     EXPECT_EQ(
         soundsAndMusic(),
         (std::vector<std::string>{"music start Orlund.MID", "music stop", "music start Orlund.MID",
                                   "music stop", "music start Orlund.MID", "music stop",
-                                  "sound Applause.wav", "music start Orlund.MID", "music stop"}));
+                                  "sound Applause.wav", "music start Orlund.MID", "music stop",
+                                  "sound HighScore.wav", "sound Applause.wav"}));
 
     // With sounds off no wave is asked for, and the tune still follows the rounds.
     t.click("frmSpirefold", "mnuSounds");

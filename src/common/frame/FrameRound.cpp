@@ -210,9 +210,20 @@ void GameFrame::GameOver() {
         g_.SkipHighScoreUpdate = false;
     else
         RankFinalScore();
+    ShowHighScore();
     ShowCards(false);
     ShowControls(false, true);
     SetStatus(2, "Game Over");
+}
+
+void GameFrame::RankFinalScore() {
+    if (prog_.dialogs.rankFinalScore)
+        prog_.dialogs.rankFinalScore(*this);
+}
+
+void GameFrame::ShowHighScore() {
+    if (prog_.dialogs.showHighScoreLabel)
+        prog_.dialogs.showHighScoreLabel(*this);
 }
 
 void GameFrame::FlashMessage(int times) {

@@ -249,6 +249,7 @@ void GameFrame::Form_Load() {
     CheckForCustom();
     g_.GamesPlayedCount = CountGamePlayed(prog_, g_.AppTitle);
     g_.FormLoadTime = prog_.platform.now();
+    ShowHighScore();
 
     lblProductName.setCaption(g_.AppTitle);
     frmSplash.setVisible(true);

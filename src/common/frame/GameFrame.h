@@ -53,8 +53,10 @@ public:
     virtual void TakeScore();
     // Pays the round's bonuses inside TakeScore, before the round number moves on.
     virtual void AwardRoundBonuses() {}
-    // Ranks the final score at game over.
-    virtual void RankFinalScore() {}
+    // Ranks the final score at game over in the current table.
+    virtual void RankFinalScore();
+    // lblHighScore from the current table: at load, on a new time limit, after a game.
+    void ShowHighScore();
     // Repaints the card stack and, when paused, the board (after a back design change).
     virtual void RefreshPlayCard() {}
     virtual void RefreshBoardBacks() {}

@@ -92,6 +92,8 @@ struct GameInfo {
     std::string playQuitQuestion = "You have a game in progress, are you sure you want to quit?";
     bool unloadPausesFirst = false;
     DialogPause dialogPause = DialogPause::ByGameInProgress;
+    // The Clear High Scores command pauses by this form; in two games it doesn't pause.
+    DialogPause clearPause = DialogPause::ByGameInProgress;
 
     // Settings file: every key in the writer's order (a key may stand twice), and the
     // game's names for the common values.

@@ -1,0 +1,107 @@
+#include "scores/HighScores.h"
+
+#include "common/FileStore.h"
+#include "common/Format.h"
+#include "common/frame/GameFrame.h"
+#include "scores/frmHiScoreName.h"
+
+namespace corvanna {
+
+namespace {
+
+// The one message for a table that can't be used: which file, and what is wrong with it.
+void ReportTable(Program& prog, const std::string& path, const std::string& what) {
+    prog.msg("The high score table \"" + path + "\" could not be used: " + what + ".",
+             MsgButtons::OK, MsgIcon::None);
+}
+
+void ReportDamaged(Program& prog, const std::string& path, const std::string& why) {
+    // A missing table is not made here: the game that lost it says so and goes on.
+    ReportTable(prog, path, fileExists(path) ? why + ". The file has been left as it is" : why);
+}
+
+}  // namespace
+
+std::string HighScoreTableName(std::string_view tableConstant, int cardGoal, bool enhancedScoring) {
+    if (tableConstant != TierfallHiScoreTable)
+        return std::string(tableConstant);
+    return std::string(enhancedScoring ? EnhancedScoringTablePrefix : "") +
+           std::string(tableConstant) + std::to_string(cardGoal) + "_";
+}
+
+std::string HighScoreFilePath(const Program& prog, const std::string& tableName) {
+    return prog.filePath(tableName + std::to_string(prog.state.RoundSeconds) + ".Txt");
+}
+
+std::string HighScoreFileName(const Program& prog, std::string_view tableConstant, int cardGoal,
+                              bool enhancedScoring) {
+    return HighScoreFilePath(prog, HighScoreTableName(tableConstant, cardGoal, enhancedScoring));
+}
+
+bool CreateHighScoreTable(Program& prog, const std::string& tableName, std::int64_t defaultScore) {
+    const HighScoreTable table(HighScoreFilePath(prog, tableName));
+    std::string error;
+    if (table.create(defaultScore, &error))
+        return true;
+    ReportTable(prog, table.path(), "it could not be written (" + error + ")");
+    return false;
+}
+
+bool ShowHighScoreLabel(Program& prog, const std::string& tableName, Control& lblHighScore,
+                        const std::string& prefix, std::int64_t defaultScore) {
+    HighScoreTable table(HighScoreFilePath(prog, tableName));
+    if (!table.exists() && !CreateHighScoreTable(prog, tableName, defaultScore))
+        return false;
+    std::string error;
+    if (!table.read(&error)) {
+        ReportDamaged(prog, table.path(), error);
+        return false;
+    }
+    lblHighScore.setCaption(prefix + formatScore(table.rows().front().score));
+    return true;
+}
+
+bool ShowHighScoreLabel(Program& prog, const std::string& tableName, GameFrame& form,
+                        std::int64_t defaultScore) {
+    return ShowHighScoreLabel(prog, tableName, form.lblHighScore, form.info().highScorePrefix,
+                              defaultScore);
+}
+
+bool UpdateHighScoreTable(Program& prog, const std::string& tableName,
+                          const std::function<void()>& showTable) {
+    AppState& g = prog.state;
+    g.NewHighScoreRow = -1;
+    HighScoreTable table(HighScoreFilePath(prog, tableName));
+    // The whole table is checked before anyone is asked for a name: an entry that could
+    // not be written would be lost after the player typed it.
+    std::string error;
+    if (!table.read(&error)) {
+        ReportDamaged(prog, table.path(), error);
+        return false;
+    }
+    const int row = HighScoreTable::rankOf(table.rows(), g.Score);
+    HighScoreRow entry;
+    if (row >= 0) {
+        g.NewHighScoreRow = static_cast<std::int16_t>(row);
+        if (g.SoundsOn)
+            prog.platform.playWave(prog.shippedFile("HighScore.wav"));
+        AskHighScoreName(prog);
+        entry.name = g.UserName + (g.CustomScoring ? "*" : "");
+        entry.score = g.Score;
+        entry.date = formatHighScoreDate(prog.platform.now());
+    }
+    // Rewritten in every case, so an eleventh row left by the last entry goes now.
+    if (!table.write(row, entry, &error)) {
+        ReportTable(prog, table.path(), "it could not be written (" + error + ")");
+        return false;
+    }
+    if (row >= 0) {
+        if (showTable)
+            showTable();
+        else if (prog.dialogs.viewHighScores)
+            prog.dialogs.viewHighScores();
+    }
+    return true;
+}
+
+}  // namespace corvanna

@@ -1,0 +1,395 @@
+// High score tables: file names, seeding, ranking, the eleventh row, custom scoring
+// marks, damaged and missing tables, and the date format under another locale.
+
+#include <gtest/gtest.h>
+
+#include <QLocale>
+#include <clocale>
+#include <filesystem>
+#include <fstream>
+
+#include "common/FileStore.h"
+#include "scores/HighScores.h"
+#include "testkit/TestProgram.h"
+
+namespace corvanna {
+
+namespace {
+
+const std::string kSeedRow = "Velmora, 50000, Jan 01 2000 12:00 am\r\n";
+// The fake clock starts on Nov 23 2026 at 9:00.
+const std::string kNow = "Nov 23 2026 09:00 am";
+const std::string kFivestack(FivestackHiScoreTable);
+
+std::string repeat(const std::string& row, int n) {
+    std::string s;
+    for (int i = 0; i < n; ++i)
+        s += row;
+    return s;
+}
+
+std::string row(const std::string& name, std::int64_t score,
+                const std::string& date = "Nov 05 2001 09:07 pm") {
+    return name + ", " + std::to_string(score) + ", " + date + "\r\n";
+}
+
+// A table of ten rows whose scores fall from 100000 by 10000 (rows 1..10).
+std::string fallingTable() {
+    std::string s;
+    for (int i = 0; i < 10; ++i)
+        s += row("P" + std::to_string(i + 1), 100000 - 10000 * i);
+    return s;
+}
+
+void writeRaw(const std::string& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+std::string readRaw(const std::string& path) {
+    std::string s;
+    readWholeFile(path, s, nullptr, 1 << 24);
+    return s;
+}
+
+// A program with Fivestack's title and the name dialog answered with name when it shows.
+struct Table {
+    TestProgram t;
+    std::string path;
+    int tableShown = 0;
+    int namesAsked = 0;
+
+    Table() {
+        t.prog.state.AppTitle = "Fivestack!";
+        t.prog.state.RoundSeconds = 60;
+        path = HighScoreFilePath(t.prog, kFivestack);
+        t.fake.takeLog();
+        answerNames();
+    }
+    // Every message box had its answer and every dialog its script.
+    ~Table() { EXPECT_TRUE(t.fake.takeErrors().empty()); }
+    // A failure is told in a message box with OK.
+    void expectMessages(int n) {
+        for (int i = 0; i < n; ++i)
+            t.fake.queueAnswer(MsgResult::OK);
+    }
+    std::string nextName = "Ann";
+
+    // The name dialog, whenever it shows, takes nextName.
+    void answerNames() {
+        t.fake.modalRunner = [this](Form& f) {
+            ++namesAsked;
+            EXPECT_EQ(f.name(), "frmHiScoreName");
+            dynamic_cast<TextBox&>(*f.find("txtPlayerName")).setText(nextName);
+            t.click("frmHiScoreName", "cmdOK");
+        };
+    }
+    bool rank(std::int32_t score, const std::string& name = "Ann") {
+        t.prog.state.Score = score;
+        nextName = name;
+        return UpdateHighScoreTable(t.prog, kFivestack, [this] { ++tableShown; });
+    }
+};
+
+}  // namespace
+
+TEST(HighScoreFiles, NamesFollowGameTimeLimitAndTierfallsGoalAndMode) {
+    TestProgram t;
+    const std::string dir = t.prog.state.AppPath;
+    t.prog.state.RoundSeconds = 60;
+    EXPECT_EQ(HighScoreFileName(t.prog, FivestackHiScoreTable),
+              dir + "Fivestack Hi Score Table 60.Txt");
+    t.prog.state.RoundSeconds = 90;
+    EXPECT_EQ(HighScoreFileName(t.prog, TierfallHiScoreTable),
+              dir + "Tierfall Hi Score Table 11_90.Txt");
+    EXPECT_EQ(HighScoreFileName(t.prog, TierfallHiScoreTable, 11, true),
+              dir + "ES Tierfall Hi Score Table 11_90.Txt");
+    EXPECT_EQ(HighScoreFileName(t.prog, TierfallHiScoreTable, 14, false),
+              dir + "Tierfall Hi Score Table 14_90.Txt");
+    // Only Tierfall takes the goal and the mode into its name.
+    EXPECT_EQ(HighScoreTableName(SpirefoldHiScoreTable, 14, true), "Spirefold Hi Score Table ");
+
+    // The two Tierfall modes keep two tables: an entry in one leaves the other seeded.
+    t.prog.state.AppTitle = "Tierfall!";
+    const std::string standard = HighScoreTableName(TierfallHiScoreTable, 11, false);
+    const std::string enhanced = HighScoreTableName(TierfallHiScoreTable, 11, true);
+    ASSERT_TRUE(CreateHighScoreTable(t.prog, standard, 50000));
+    ASSERT_TRUE(CreateHighScoreTable(t.prog, enhanced, 50000));
+    t.prog.state.Score = 60000;
+    t.fake.queueModal([&](Form&) { t.click("frmHiScoreName", "cmdOK"); });
+    ASSERT_TRUE(UpdateHighScoreTable(t.prog, enhanced, [] {}));
+    EXPECT_EQ(readRaw(HighScoreFilePath(t.prog, standard)), repeat(kSeedRow, 10));
+    EXPECT_NE(readRaw(HighScoreFilePath(t.prog, enhanced)), repeat(kSeedRow, 10));
+}
+
+TEST(HighScoreFiles, SeedsAndTheDuomatchDifferenceComeFromOneTable) {
+    ASSERT_NE(highScoreTableFor("Duomatch!"), nullptr);
+    EXPECT_EQ(highScoreTableFor("Duomatch!")->seedScore, 30000);
+    EXPECT_EQ(highScoreTableFor("Duomatch!")->clearedSeedScore, 50000);
+    EXPECT_EQ(highScoreTableFor("Duomatch!")->tableName, "Duomatch Hi Score Table ");
+    for (const auto& info : HighScoreTables)
+        if (info.appTitle != "Duomatch!")
+            EXPECT_EQ(info.seedScore, info.clearedSeedScore) << info.appTitle;
+    EXPECT_EQ(highScoreTableFor("Spirefold!")->seedScore, 30000);
+    EXPECT_EQ(highScoreTableFor("Wildslot!")->seedScore, 50000);
+    EXPECT_EQ(highScoreTableFor("Nothing!"), nullptr);
+
+    TestProgram t;
+    t.prog.state.RoundSeconds = 60;
+    const std::string duo(DuomatchHiScoreTable);
+    ASSERT_TRUE(CreateHighScoreTable(t.prog, duo, highScoreTableFor("Duomatch!")->seedScore));
+    EXPECT_EQ(t.file("Duomatch Hi Score Table 60.Txt"),
+              repeat("Velmora, 30000, Jan 01 2000 12:00 am\r\n", 10));
+    ASSERT_TRUE(
+        CreateHighScoreTable(t.prog, duo, highScoreTableFor("Duomatch!")->clearedSeedScore));
+    EXPECT_EQ(t.file("Duomatch Hi Score Table 60.Txt"), repeat(kSeedRow, 10));
+}
+
+TEST(HighScoreLabel, CreatesAMissingTableAndShowsItsTopScoreWithTheGamesPrefix) {
+    TestProgram t;
+    GameFrame& five = t.openGame("frmFivestack");
+    const std::string path = HighScoreFilePath(t.prog, kFivestack);
+    std::filesystem::remove(path);
+    ASSERT_TRUE(ShowHighScoreLabel(t.prog, kFivestack, five, 50000));
+    EXPECT_EQ(readRaw(path), repeat(kSeedRow, 10));
+    EXPECT_EQ(five.lblHighScore.caption(), "High Score: 50,000");
+
+    // An existing table is read, not seeded again.
+    writeRaw(path, fallingTable());
+    ASSERT_TRUE(ShowHighScoreLabel(t.prog, kFivestack, five, 50000));
+    EXPECT_EQ(five.lblHighScore.caption(), "High Score: 100,000");
+    EXPECT_EQ(readRaw(path), fallingTable());
+    t.fake.queueAnswer(MsgResult::Yes);
+    t.click("frmFivestack", five.info().exitButton);
+
+    GameFrame& spire = t.openGame("frmSpirefold");
+    ASSERT_TRUE(ShowHighScoreLabel(t.prog, std::string(SpirefoldHiScoreTable), spire, 30000));
+    EXPECT_EQ(spire.lblHighScore.caption(), "Current High Score: 30,000");
+    // The only message was the question on leaving Fivestack.
+    EXPECT_EQ(t.fake.messages().size(), 1u);
+    EXPECT_TRUE(t.fake.takeErrors().empty());
+}
+
+TEST(HighScoreRanking, EqualScoreStaysOutAndAHigherOneTopsTheSeededTable) {
+    Table tb;
+    ASSERT_TRUE(CreateHighScoreTable(tb.t.prog, kFivestack, 50000));
+    ASSERT_TRUE(tb.rank(50000));
+    EXPECT_EQ(tb.namesAsked, 0);
+    EXPECT_EQ(tb.tableShown, 0);
+    EXPECT_EQ(tb.t.prog.state.NewHighScoreRow, -1);
+    EXPECT_EQ(readRaw(tb.path), repeat(kSeedRow, 10));
+    EXPECT_TRUE(tb.t.fake.log().empty());
+
+    Table tb2;
+    ASSERT_TRUE(CreateHighScoreTable(tb2.t.prog, kFivestack, 50000));
+    ASSERT_TRUE(tb2.rank(50001, "Ann"));
+    EXPECT_EQ(tb2.namesAsked, 1);
+    EXPECT_EQ(tb2.tableShown, 1);
+    EXPECT_EQ(tb2.t.prog.state.NewHighScoreRow, 0);
+    EXPECT_EQ(tb2.t.prog.state.UserName, "Ann");
+    // The last seed row has left the file.
+    EXPECT_EQ(readRaw(tb2.path), row("Ann", 50001, kNow) + repeat(kSeedRow, 9));
+    const auto log = tb2.t.fake.takeLog();
+    ASSERT_FALSE(log.empty());
+    EXPECT_EQ(log.front(), "sound HighScore.wav");
+}
+
+TEST(HighScoreRanking, TiesGoBelowEqualScoresAndSoundFollowsSoundsOn) {
+    Table tb;
+    std::string table = row("A", 90000) + row("B", 80000) + row("C", 70000) + row("D", 70000);
+    for (int i = 0; i < 6; ++i)
+        table += row("E" + std::to_string(i), 60000 - i * 1000);
+    writeRaw(tb.path, table);
+    tb.t.prog.state.SoundsOn = false;
+    ASSERT_TRUE(tb.rank(70000, "Tie"));
+    EXPECT_EQ(tb.t.prog.state.NewHighScoreRow, 4);
+    std::string want = row("A", 90000) + row("B", 80000) + row("C", 70000) + row("D", 70000) +
+                       row("Tie", 70000, kNow);
+    for (int i = 0; i < 5; ++i)
+        want += row("E" + std::to_string(i), 60000 - i * 1000);
+    EXPECT_EQ(readRaw(tb.path), want);
+    for (const auto& line : tb.t.fake.takeLog())
+        EXPECT_EQ(line.rfind("sound", 0), std::string::npos) << line;
+}
+
+TEST(HighScoreRanking, LastPlaceLeavesElevenRowsUntilTheNextRewrite) {
+    Table tb;
+    writeRaw(tb.path, fallingTable());
+    // 15000 beats only the tenth row (10000).
+    ASSERT_TRUE(tb.rank(15000, "Last"));
+    EXPECT_EQ(tb.t.prog.state.NewHighScoreRow, 9);
+    const std::string eleven =
+        fallingTable().substr(0, fallingTable().size() - row("P10", 10000).size()) +
+        row("Last", 15000, kNow) + row("P10", 10000);
+    EXPECT_EQ(readRaw(tb.path), eleven);
+
+    // The eleventh row is not part of the table: the label and the ranking see ten.
+    std::vector<HighScoreRow> rows;
+    ASSERT_TRUE(readHighScoreRows(tb.path, rows, nullptr));
+    ASSERT_EQ(rows.size(), 10u);
+    EXPECT_EQ(rows[9].name, "Last");
+
+    // A game that does not enter cuts the file back to ten rows, and asks for no name.
+    ASSERT_TRUE(tb.rank(100, "Nobody"));
+    EXPECT_EQ(tb.namesAsked, 1);
+    EXPECT_EQ(tb.t.prog.state.NewHighScoreRow, -1);
+    const std::string ten = eleven.substr(0, eleven.size() - row("P10", 10000).size());
+    EXPECT_EQ(readRaw(tb.path), ten);
+
+    // So does one that enters: again ten rows, the new one in its place.
+    writeRaw(tb.path, eleven);
+    ASSERT_TRUE(tb.rank(95000, "Top"));
+    std::vector<HighScoreRow> after;
+    ASSERT_TRUE(readHighScoreRows(tb.path, after, nullptr));
+    EXPECT_EQ(after[1].name, "Top");
+    EXPECT_EQ(readRaw(tb.path).size(),
+              ten.size() - row("Last", 15000, kNow).size() + row("Top", 95000, kNow).size());
+    EXPECT_EQ(readRaw(tb.path).find("Last"), std::string::npos);
+}
+
+TEST(HighScoreRanking, CustomScoringMarksTheRowAndTheMarkStays) {
+    Table tb;
+    ASSERT_TRUE(CreateHighScoreTable(tb.t.prog, kFivestack, 50000));
+    tb.t.prog.state.CustomScoring = true;
+    ASSERT_TRUE(tb.rank(60000, "Cus"));
+    EXPECT_EQ(readRaw(tb.path), row("Cus*", 60000, kNow) + repeat(kSeedRow, 9));
+
+    tb.t.prog.state.CustomScoring = false;
+    tb.t.fake.advance(13 * 3600 * 1000 + 5 * 60 * 1000);  // 22:05 the same day
+    ASSERT_TRUE(tb.rank(70000, "Std"));
+    EXPECT_EQ(readRaw(tb.path), row("Std", 70000, "Nov 23 2026 10:05 pm") +
+                                    row("Cus*", 60000, kNow) + repeat(kSeedRow, 8));
+    std::vector<HighScoreRow> rows;
+    ASSERT_TRUE(readHighScoreRows(tb.path, rows, nullptr));
+    EXPECT_EQ(rows[1].name, "Cus*");
+}
+
+TEST(HighScoreDamage, ADamagedTableIsReportedAndKeptByteForByte) {
+    const std::string good = fallingTable();
+    struct Case {
+        const char* what;
+        std::string bytes;
+        const char* reason;
+    };
+    std::string binary =
+        "\x7f"
+        "ELF\x02\x01\x01";
+    binary += std::string("\0\0\0,\x03\0>\0\r\n", 11);
+    const std::vector<Case> cases = {
+        {"short file", good.substr(0, good.size() / 2), "ends after 5 of its 10 rows"},
+        {"cut row", good.substr(0, good.size() - 12), "row 10 has a date"},
+        {"non-numeric score",
+         row("A", 90000) + "B, 8O000, Nov 05 2001 09:07 pm\r\n" +
+             good.substr(2 * row("A", 90000).size()),
+         "row 2 has a score that is not a number (\"8O000\")"},
+        {"binary junk", binary, "row 1"},
+        {"too large", good + std::string(70 * 1024, 'x'), "too large"},
+        {"empty", "", "ends after 0 of its 10 rows"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Table tb;
+        writeRaw(tb.path, c.bytes);
+        tb.expectMessages(2);
+        // Above every row: a good table would have asked for a name.
+        EXPECT_FALSE(tb.rank(999999, "Lost"));
+        EXPECT_EQ(tb.namesAsked, 0);
+        EXPECT_EQ(tb.tableShown, 0);
+        EXPECT_EQ(tb.t.prog.state.NewHighScoreRow, -1);
+        EXPECT_EQ(readRaw(tb.path), c.bytes);
+        ASSERT_EQ(tb.t.fake.messages().size(), 1u);
+        const std::string msg = tb.t.fake.messages()[0];
+        EXPECT_NE(msg.find(tb.path), std::string::npos) << msg;
+        EXPECT_NE(msg.find(c.reason), std::string::npos) << msg;
+        EXPECT_NE(msg.find("left as it is"), std::string::npos) << msg;
+
+        // The label reports it too and never seeds over it.
+        Form board(tb.t.fake, "frmBoard");
+        Control& label = board.add<Control>(ControlKind::Label, "lblHighScore", -1, nullptr);
+        label.setCaption("High Score: 1");
+        const std::string before = label.caption();
+        EXPECT_FALSE(ShowHighScoreLabel(tb.t.prog, kFivestack, label, "High Score: ", 50000));
+        EXPECT_EQ(label.caption(), before);
+        EXPECT_EQ(readRaw(tb.path), c.bytes);
+        EXPECT_EQ(tb.t.fake.messages().size(), 2u);
+        const auto log = tb.t.fake.takeLog();
+        EXPECT_NE(log.back().find("| none |"), std::string::npos) << log.back();
+        EXPECT_NE(log.back().find("msgbox Fivestack! |"), std::string::npos) << log.back();
+    }
+}
+
+TEST(HighScoreDamage, ATableRemovedDuringAGameIsNotCreatedByTheRanking) {
+    Table tb;
+    GameFrame& five = tb.t.openGame("frmFivestack");
+    ASSERT_TRUE(ShowHighScoreLabel(tb.t.prog, kFivestack, five, 50000));
+    std::filesystem::remove(tb.path);
+    tb.expectMessages(1);
+    EXPECT_FALSE(tb.rank(60000, "Gone"));
+    EXPECT_FALSE(fileExists(tb.path));
+    EXPECT_EQ(tb.namesAsked, 0);
+    ASSERT_EQ(tb.t.fake.messages().size(), 1u);
+    EXPECT_EQ(tb.t.fake.messages()[0],
+              "The high score table \"" + tb.path + "\" could not be used: it does not exist.");
+    // The label that follows the game over makes a fresh one.
+    ASSERT_TRUE(ShowHighScoreLabel(tb.t.prog, kFivestack, five, 50000));
+    EXPECT_EQ(readRaw(tb.path), repeat(kSeedRow, 10));
+}
+
+TEST(HighScoreDamage, AnUnwritableTableIsReportedAndTheGameGoesOn) {
+    Table tb;
+    // A folder where the table should be: it can be neither read nor replaced.
+    std::filesystem::create_directory(tb.path);
+    tb.expectMessages(2);
+    EXPECT_FALSE(CreateHighScoreTable(tb.t.prog, kFivestack, 50000));
+    ASSERT_EQ(tb.t.fake.messages().size(), 1u);
+    EXPECT_NE(tb.t.fake.messages()[0].find("could not be written"), std::string::npos);
+    EXPECT_FALSE(tb.rank(60000));
+    EXPECT_EQ(tb.namesAsked, 0);
+    EXPECT_TRUE(std::filesystem::is_directory(tb.path));
+}
+
+TEST(HighScoreDates, EnglishMonthsAndLowerCaseAmPmWhateverTheLocale) {
+    const std::string oldC = std::setlocale(LC_ALL, nullptr);
+    const QLocale oldQ;
+    std::setlocale(LC_ALL, "de_DE.UTF-8");  // may be missing; QLocale below is always there
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+
+    EXPECT_EQ(formatHighScoreDate({2001, 11, 5, 21, 7, 0, 0}), "Nov 05 2001 09:07 pm");
+    EXPECT_EQ(formatHighScoreDate({2001, 3, 9, 0, 0, 0, 0}), "Mar 09 2001 12:00 am");
+    EXPECT_EQ(formatHighScoreDate({2001, 12, 31, 12, 59, 0, 0}), "Dec 31 2001 12:59 pm");
+    EXPECT_EQ(formatHighScoreDate({2001, 5, 1, 11, 30, 0, 0}), "May 01 2001 11:30 am");
+
+    // The same through a whole entry on the fake clock.
+    Table tb;
+    ASSERT_TRUE(CreateHighScoreTable(tb.t.prog, kFivestack, 50000));
+    ASSERT_TRUE(tb.rank(51000, "Jörg"));
+    EXPECT_EQ(readRaw(tb.path), row("Jörg", 51000, "Nov 23 2026 09:00 am") + repeat(kSeedRow, 9));
+
+    QLocale::setDefault(oldQ);
+    std::setlocale(LC_ALL, oldC.c_str());
+}
+
+TEST(HighScoreReader, ReadsByFieldsWithBlanksSkippedAndStopsAtTenRows) {
+    std::vector<HighScoreRow> rows;
+    std::string text = "  Spaced Name ,   42, Jan 02 2003 01:04 pm\n";  // LF alone is a line end
+    for (int i = 0; i < 9; ++i)
+        text += kSeedRow;
+    text += "\r\n";  // the one further empty line
+    text += "junk that is never read \x01\x02";
+    ASSERT_TRUE(parseHighScoreRows(text, rows, nullptr));
+    ASSERT_EQ(rows.size(), 10u);
+    EXPECT_EQ(rows[0].name, "Spaced Name ");
+    EXPECT_EQ(rows[0].score, 42);
+    EXPECT_EQ(rows[0].date, "Jan 02 2003 01:04 pm");
+    EXPECT_EQ(rows[9].name, "Velmora");
+
+    std::string error;
+    EXPECT_FALSE(parseHighScoreRows("A, 1, Jan 02 2003 01:04 pm, extra\r\n", rows, &error));
+    EXPECT_EQ(error, "row 1 has more than three fields");
+    EXPECT_FALSE(parseHighScoreRows("A, 1, Foo 02 2003 01:04 pm\r\n", rows, &error));
+    EXPECT_NE(error.find("row 1 has a date"), std::string::npos);
+    EXPECT_FALSE(
+        parseHighScoreRows("A, 99999999999999999999, Jan 02 2003 01:04 pm\r\n", rows, &error));
+    EXPECT_NE(error.find("not a number"), std::string::npos);
+}
+
+}  // namespace corvanna
