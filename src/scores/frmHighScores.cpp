@@ -69,6 +69,7 @@ frmHighScores::frmHighScores(Program& prog)
       cmdSendScore(button(*this, "cmdSendScore", "&Submit a High Score to the Website",
                           "Sends a high score listing via email to Orlund for pulishing on the "
                           "website.")),
+      shpBanner(add<Shape>("shpBanner", -1, nullptr)),
       lblBanner(label(*this, "lblBanner")),
       prog_(prog) {
     Timer1.stop();
@@ -99,8 +100,9 @@ frmHighScores::frmHighScores(Program& prog)
         DateList[2 * k + 1]->setFont(9, false);
         setRowColors(k, false);
     }
-    lblBanner.setBackTransparent(false);
-    lblBanner.setBackColor(kBanner);
+    shpBanner.setFilled(true);
+    shpBanner.setBackColor(kBanner);
+    shpBanner.setBorderWidth(0);
     lblBanner.setForeColor(kGold);
     lblBanner.setFont(18, true);
     lblBanner.setAlignment(Align::Center);
@@ -121,7 +123,8 @@ frmHighScores::frmHighScores(Program& prog)
 
 void frmHighScores::layout() {
     const int W = scaleWidth();
-    lblBanner.move(0, 0, W, 720);
+    shpBanner.move(0, 0, W, 720);
+    lblBanner.move(0, 150, W, 500);
     const int columns[4][2] = {{kRankLeft, kRankWidth},
                                {kNameLeft, kNameWidth},
                                {kScoreLeft, kScoreWidth},

@@ -39,6 +39,7 @@ public:
 
     // Dressing: the banner, the column headings, the rank of each row and the band
     // behind it, which turns dark under the new row so its white text stands out.
+    Shape& shpBanner;  // the band behind the title: labels draw their text at the top
     Control& lblBanner;
     std::array<Control*, 4> lblHeading{};
     std::array<Control*, 10> lblRank{};
