@@ -570,3 +570,41 @@ TEST(Frame, NormalWindowIsHeldAtItsSmallestSize) {
 }
 
 }  // namespace corvanna
+
+namespace corvanna {
+
+TEST(Frame, EveryGameEndsInTheHighScoreTableWithItsNameAndFlashingRow) {
+    for (const GameInfo& game : allGames()) {
+        SCOPED_TRACE(game.formName);
+        TestProgram t;
+        GameFrame& f = t.openGame(game.formName);
+        auto& g = t.prog.state;
+        t.click(game.formName, "cmdPlay");
+        // Play every normal round to its time out; no bonus round at a score of 0.
+        for (int round = 1; round < game.normalRounds; ++round)
+            t.fake.advance(g.RoundSeconds * 1000 + 21 * 250);
+        g.Score = 123456;
+        g.BonusRoundScore = 999999999;  // the game ends after this round
+        bool asked = false, flashed = false;
+        t.fake.queueModal([&](Form& name) {
+            asked = true;
+            static_cast<TextBox&>(*name.find("txtPlayerName")).setText("Ines");
+            t.click(name.name(), "cmdOK");
+        });
+        t.fake.queueModal([&](Form& table) {
+            EXPECT_EQ(g.NewHighScoreRow, 0);
+            t.fake.takeLog();
+            t.fake.advance(1000);
+            flashed = true;
+            t.click(table.name(), "cmdDone");
+        });
+        t.fake.advance(g.RoundSeconds * 1000 + 10 * 250 + 2000);
+        EXPECT_TRUE(asked);
+        EXPECT_TRUE(flashed);
+        EXPECT_FALSE(g.GameInProgress);
+        EXPECT_EQ(f.lblHighScore.caption(), game.highScorePrefix + "123,456");
+        EXPECT_TRUE(t.fake.takeErrors().empty());
+    }
+}
+
+}  // namespace corvanna
