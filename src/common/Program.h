@@ -23,7 +23,7 @@ struct SharedDialogs {
     std::function<void()> viewHighScores;
     std::function<void()> clearHighScores;
     // The game form's high score label from its current table (made when missing), and
-    // the final score ranked in that table at game over.
+    // the final score ranked in that table at game over, the label refreshed after it.
     std::function<void(Form&)> showHighScoreLabel;
     std::function<void(Form&)> rankFinalScore;
 };

@@ -2,6 +2,7 @@
 
 #include <QStandardPaths>
 
+#include "common/FileStore.h"
 #include "common/frame/GameFrame.h"
 #include "scores/HighScores.h"
 #include "scores/ScoreMenus.h"
@@ -26,8 +27,14 @@ Form& startSelector(Program& prog) {
             ShowHighScoreLabel(prog, choice.tableName, static_cast<GameFrame&>(form),
                                choice.table->seedScore);
     };
-    prog.dialogs.rankFinalScore = [&prog](Form&) {
-        UpdateHighScoreTable(prog, CurrentHighScoreTable(prog).tableName);
+    prog.dialogs.rankFinalScore = [&prog](Form& form) {
+        const HighScoreChoice choice = CurrentHighScoreTable(prog);
+        const bool ranked = UpdateHighScoreTable(prog, choice.tableName);
+        // A damaged table has just been reported; the label would only say it again. A
+        // missing one is made afresh by the label.
+        if (!ranked && fileExists(HighScoreFilePath(prog, choice.tableName)))
+            return;
+        prog.dialogs.showHighScoreLabel(form);
     };
     prog.dialogs.rules = [&prog] { notYet(prog, "The rules of " + prog.state.AppTitle); };
     frmSelect& select = prog.load<frmSelect>();

@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 
+#include "common/FileStore.h"
 #include "forms/Input.h"
 #include "games/GameRegistry.h"
 #include "testkit/TestProgram.h"
@@ -604,6 +607,47 @@ TEST(Frame, EveryGameEndsInTheHighScoreTableWithItsNameAndFlashingRow) {
         EXPECT_FALSE(g.GameInProgress);
         EXPECT_EQ(f.lblHighScore.caption(), game.highScorePrefix + "123,456");
         EXPECT_TRUE(t.fake.takeErrors().empty());
+    }
+}
+
+}  // namespace corvanna
+
+namespace corvanna {
+
+TEST(Frame, ADamagedOrMissingTableAtGameOverIsNamedKeptAndTheGameGoesIdle) {
+    for (const bool removeIt : {false, true}) {
+        SCOPED_TRACE(removeIt ? "missing" : "damaged");
+        TestProgram t;
+        GameFrame& f = t.openGame("frmWildslot");
+        auto& g = t.prog.state;
+        const std::string path = t.prog.filePath("Wildslot Hi Score Table 90.Txt");
+        ASSERT_TRUE(fileExists(path));  // made at load
+        t.click("frmWildslot", "cmdPlay");
+        t.fake.advance(5000);
+        const std::string junk("Velmora, 5O000, \x01\x02\0zz\r\n", 24);
+        if (removeIt)
+            std::filesystem::remove(path);
+        else
+            std::ofstream(path, std::ios::binary | std::ios::trunc) << junk;
+        g.Score = 6000000;  // would top the table
+        g.BonusRoundScore = 999999999;
+        t.fake.queueAnswer(MsgResult::OK);  // the message at game over
+        t.fake.advance(2 * 90000 + 21 * 250 + 10 * 250 + 2000);
+        EXPECT_FALSE(g.GameInProgress);
+        ASSERT_FALSE(t.fake.messages().empty());
+        EXPECT_NE(t.fake.messages().front().find(path), std::string::npos);
+        if (!removeIt)
+            EXPECT_EQ(t.file("Wildslot Hi Score Table 90.Txt"), junk);
+        // Idle again: the splash, Play, and a new game starts.
+        EXPECT_TRUE(f.frmSplash.visible());
+        EXPECT_EQ(f.cmdPlay.caption(), "&Play");
+        EXPECT_TRUE(f.cmdPlay.enabled());
+        EXPECT_EQ(f.lblMessage.caption(), "Game Over");
+        // One report for one fault.
+        EXPECT_EQ(t.fake.messages().size(), 1u);
+        EXPECT_TRUE(t.fake.takeErrors().empty());
+        t.click("frmWildslot", "cmdPlay");
+        EXPECT_TRUE(g.GameInProgress);
     }
 }
 

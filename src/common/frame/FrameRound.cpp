@@ -206,11 +206,12 @@ void GameFrame::GameOver() {
     cmdPause.setEnabled(false);
     mnuPause.setEnabled(false);
     EnableTakeScore(false);
-    if (g_.SkipHighScoreUpdate)
+    if (g_.SkipHighScoreUpdate) {
         g_.SkipHighScoreUpdate = false;
-    else
+        ShowHighScore();
+    } else {
         RankFinalScore();
-    ShowHighScore();
+    }
     ShowCards(false);
     ShowControls(false, true);
     SetStatus(2, "Game Over");

@@ -53,7 +53,7 @@ public:
     virtual void TakeScore();
     // Pays the round's bonuses inside TakeScore, before the round number moves on.
     virtual void AwardRoundBonuses() {}
-    // Ranks the final score at game over in the current table.
+    // Ranks the final score at game over in the current table, then refreshes lblHighScore.
     virtual void RankFinalScore();
     // lblHighScore from the current table: at load, on a new time limit, after a game.
     void ShowHighScore();
