@@ -39,10 +39,20 @@ void centreOnForm(GameFrame& f, Control& c) {
     c.move((f.scaleWidth() - c.width()) / 2, (f.scaleHeight() - c.height()) / 2);
 }
 
-void step(GameFrame& f) {
+// One step of a count-up: the score up, the amount left down, a snap and a short wait.
+void payStep(GameFrame& f, std::int64_t& total, std::int64_t stepValue) {
+    addToScore(f, stepValue);
+    total -= stepValue;
+    showTotal(f, total, colors::Black);
     if (f.program().state.SoundsOn)
         f.PlayWaveFile("Snap.wav");
     f.program().platform.sleep(ms::CountUpStep);
+}
+
+void endCountUp(GameFrame& f) {
+    if (f.lblScoring)
+        f.lblScoring->setVisible(false);
+    f.lblCurrentScore.setForeColor(kRestingScore);
 }
 
 }  // namespace
@@ -87,17 +97,12 @@ void SpeedBonus(GameFrame& f, std::int32_t secondValue) {
             DrawClock(static_cast<int>(roundHalfEven(360.0 / g.RoundSeconds * i)), f);
             g.ClockSeconds = static_cast<std::int16_t>(i);
             g.ElapsedSeconds = static_cast<std::int16_t>(g.ElapsedSeconds + 1);
-            addToScore(f, stepValue);
-            total -= stepValue;
-            showTotal(f, total, colors::Black);
-            step(f);
+            payStep(f, total, stepValue);
         }
     } else {
         addToScore(f, total);
     }
-    if (f.lblScoring)
-        f.lblScoring->setVisible(false);
-    f.lblCurrentScore.setForeColor(kRestingScore);
+    endCountUp(f);
 }
 
 void CountBonus(GameFrame& f, std::int32_t count, std::int32_t value, const std::string& label) {
@@ -126,17 +131,12 @@ void CountBonus(GameFrame& f, std::int32_t count, std::int32_t value, const std:
         const std::int64_t stepValue = std::max<std::int64_t>(
             1, roundHalfEven(static_cast<double>(first) / ms::CountBonusSteps));
         for (std::int64_t i = 1; i <= first; i += stepValue) {
-            addToScore(f, stepValue);
-            total -= stepValue;
-            showTotal(f, total, colors::Black);
-            step(f);
+            payStep(f, total, stepValue);
         }
     } else {
         addToScore(f, total);
     }
-    f.lblCurrentScore.setForeColor(kRestingScore);
-    if (f.lblScoring)
-        f.lblScoring->setVisible(false);
+    endCountUp(f);
 }
 
 }  // namespace corvanna
