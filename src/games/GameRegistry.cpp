@@ -2,6 +2,7 @@
 
 #include "common/Program.h"
 #include "common/frame/GameFrame.h"
+#include "games/tierfall/frmTierfall.h"
 
 namespace corvanna {
 
@@ -334,7 +335,10 @@ const GameInfo* findGame(const std::string& formName) {
 }
 
 GameFrame& loadGameForm(Program& prog, const GameInfo& game) {
-    GameFrame& form = prog.load<GameFrame>(game);
+    // Games with rules of their own have their own form; the rest run on the frame alone.
+    GameFrame& form = game.formName == "frmTierfall"
+                          ? static_cast<GameFrame&>(prog.load<frmTierfall>(game))
+                          : prog.load<GameFrame>(game);
     form.Form_Load();
     return form;
 }

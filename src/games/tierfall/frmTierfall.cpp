@@ -1,0 +1,466 @@
+#include "games/tierfall/frmTierfall.h"
+
+#include <algorithm>
+#include <exception>
+#include <stdexcept>
+
+#include "common/Cards.h"
+#include "common/Format.h"
+
+namespace corvanna {
+
+namespace {
+
+// The board's extent at the design size: the top card's top to the lower cards' bottom.
+constexpr int kDesignLeft = 360;
+constexpr int kDesignTop = 1400;
+constexpr int kDesignRight = 8280 + 1065;
+constexpr int kDesignBottom = 4695 + 1455;
+constexpr int kDesignCardWidth = 1065;
+constexpr int kLowerTop = 4695;
+constexpr int kPileLeft = 3675;
+constexpr int kUpCardLeft = 4950;
+// Card faces are drawn 69 wide to 94 high.
+constexpr int kAspectW = 69, kAspectH = 94;
+constexpr Color kSelectionColor = colors::Red;
+constexpr Color kBevel = 0x0A2614;
+
+Control& image(Form& f, const std::string& name, int index = -1) {
+    Control& c = f.add<Control>(ControlKind::Image, name, index, nullptr);
+    c.setVisible(false);
+    return c;
+}
+
+Shape& frameShape(Form& f, const std::string& name, int index = -1) {
+    Shape& s = f.add<Shape>(name, index, nullptr);
+    s.setBorderColor(kSelectionColor);
+    s.setBorderWidth(3);
+    s.setFilled(false);
+    s.setVisible(false);
+    return s;
+}
+
+Shape& boxShape(Form& f, const std::string& name, Color fill) {
+    Shape& s = f.add<Shape>(name, -1, nullptr);
+    s.setBorderColor(colors::Black);
+    s.setFilled(true);
+    s.setBackColor(fill);
+    return s;
+}
+
+Control& boxLabel(Form& f, const std::string& name, const std::string& caption, double size) {
+    Control& l = f.add<Control>(ControlKind::Label, name, -1, nullptr);
+    l.setCaption(caption);
+    l.setFont(size, true);
+    l.setAlignment(Align::Center);
+    l.setBackTransparent(true);
+    return l;
+}
+
+}  // namespace
+
+frmTierfall::frmTierfall(Program& prog, const GameInfo& info)
+    : GameFrame(prog, info),
+      PlayCardPicture(image(*this, "PlayCardPicture")),
+      UpCardPicture(image(*this, "UpCardPicture")),
+      UpCardSelectionRectangle(frameShape(*this, "UpCardSelectionRectangle")),
+      lblCardCount(boxLabel(*this, "lblCardCount", "", 10)),
+      CardTotalRectangle(boxShape(*this, "CardTotalRectangle", colors::White)),
+      CardTotalBevelSide(boxShape(*this, "CardTotalBevelSide", kBevel)),
+      CardTotalBevelBottom(boxShape(*this, "CardTotalBevelBottom", kBevel)),
+      lblTotal(boxLabel(*this, "lblTotal", "Total:", 10)),
+      lblCurrentTotal(boxLabel(*this, "lblCurrentTotal", "0", 16)),
+      ElevensRectangle(boxShape(*this, "ElevensRectangle", colors::White)),
+      ElevensBevelSide(boxShape(*this, "ElevensBevelSide", kBevel)),
+      ElevensBevelBottom(boxShape(*this, "ElevensBevelBottom", kBevel)),
+      lblElevens(boxLabel(*this, "lblElevens", GoalCaption(board.CardGoal), 10)),
+      lblCurrentElevens(boxLabel(*this, "lblCurrentElevens", "0", 16)) {
+    lblCardCount.setForeColor(colors::White);
+    lblCurrentTotal.setForeColor(colors::Blue);
+    lblCurrentElevens.setForeColor(colors::Blue);
+    for (int s = 0; s < TierfallBoard::kSlots; ++s) {
+        FieldCardPicture[s] = &image(*this, "FieldCardPicture", s);
+        FieldCardPicture[s]->Click = [this, s] { FieldCardPicture_Click(s); };
+    }
+    for (int s = 0; s < TierfallBoard::kSlots; ++s)
+        FieldSelectionRectangle[s] = &frameShape(*this, "FieldSelectionRectangle", s);
+    PlayCardPicture.Click = [this] { PlayCardPicture_Click(); };
+    UpCardPicture.Click = [this] { UpCardPicture_Click(); };
+    PlayCardPicture.setToolTipText("Click to draw a new up card");
+
+    // A lower row overlaps the one above; frames lie over every card; the message and the
+    // splash panel cover the board.
+    for (Control* c : FieldCardPicture)
+        c->bringToFront();
+    for (Control* c : FieldSelectionRectangle)
+        c->bringToFront();
+    UpCardSelectionRectangle.bringToFront();
+    lblMessage.bringToFront();
+    frmSplash.bringToFront();
+
+    CardTotalVisible(false);
+    ShowGoalBox(false);
+    Form_Resize();  // the frame laid out before these controls existed
+}
+
+std::string frmTierfall::GoalCaption(int cardGoal) {
+    static const char* const names[] = {
+        "Tens:", "Elevens:", "Twelves:", "Thirteens:", "Fourteens:", "Fifteens:"};
+    return TierfallBoard::validGoal(cardGoal) ? names[cardGoal - 10] : "Elevens:";
+}
+
+// ---- The deck and the deal
+
+bool frmTierfall::CreateElevensDeck() {
+    try {
+        std::vector<std::string> deck = TierfallBoard::elevensDeck(board.CardGoal);
+        if (deck.empty())
+            throw std::invalid_argument("card goal");
+        g_.Deck = std::move(deck);
+        board.PlayPile.assign(
+            static_cast<std::size_t>(TierfallBoard::playPileUpperBound(board.CardGoal)) + 1, "");
+        return true;
+    } catch (const std::exception&) {
+        prog_.msg("Unable to create the deck.");
+        return false;
+    }
+}
+
+void frmTierfall::Deal() {
+    // The frame hands every game a standard deck; Tierfall plays its own for the card goal.
+    if (!CreateElevensDeck() || !ShuffleDeck(prog_))
+        return;
+    DealRound();
+}
+
+bool frmTierfall::DealRound() {
+    try {
+        if (!board.deal(g_.Deck))
+            throw std::length_error("deck too short for the board");
+        lblMessage.setVisible(false);
+        lblMessage.setCaption("");
+        SetStatus(1, "Make " + formatScore(g_.BonusRoundScore) + " for Bonus Round!   ");
+        SetStatus(2, "Click on exposed cards to total " + std::to_string(board.CardGoal) + "!   ");
+        CardTotalVisible(true);
+        lblElevens.setCaption(GoalCaption(board.CardGoal));
+        face_ = BoardFace::Faces;
+        lowerShown_ = true;
+        lblTime.setCaption("Time: " + std::to_string(g_.RoundSeconds));
+        g_.ElapsedSeconds = 0;
+        ShowClockBox(true);
+        ShowRoundBox(true);
+        ShowGoalBox(true);
+        if (g_.RoundNumber >= 1 && g_.RoundNumber <= 3)
+            RoundDecks[static_cast<std::size_t>(g_.RoundNumber - 1)] = g_.Deck;
+        PaintBoard();
+        return true;
+    } catch (const std::exception&) {
+        prog_.msg("Unable to deal the cards.", MsgButtons::OK, MsgIcon::Critical);
+        return false;
+    }
+}
+
+// ---- Clicks
+
+bool frmTierfall::clicksRefused() const {
+    return isPaused() || lblMessage.caption() == "Game Over";
+}
+
+void frmTierfall::FieldCardPicture_Click(int slot) {
+    // A click held behind the end of a round lands on a board that is being taken away.
+    if (g_.TakingScore || slot < 0 || slot >= TierfallBoard::kSlots)
+        return;
+    if (clicksRefused()) {
+        PlayWaveFile("Chord.wav");
+        return;
+    }
+    if (!board.cardPresent[slot])
+        return;  // the card has left; its picture is hidden, so only a stray call gets here
+    if (!CheckLegalFieldCardMove(slot)) {
+        PlayWaveFile("Chord.wav");
+        return;
+    }
+    switch (board.clickField(slot)) {
+        case TierfallBoard::Click::Refused: PlayWaveFile("Chord.wav"); break;
+        case TierfallBoard::Click::Selected:
+            lblCurrentTotal.setCaption(std::to_string(board.CardTotal));
+            FieldSelectionRectangle[slot]->setVisible(true);
+            PlayWaveFile("Markq.wav");
+            CheckTotal();
+            break;
+        case TierfallBoard::Click::Deselected:
+            lblCurrentTotal.setCaption(std::to_string(board.CardTotal));
+            PlayWaveFile("Tick.wav");
+            FieldSelectionRectangle[slot]->setVisible(false);
+            break;
+    }
+}
+
+void frmTierfall::UpCardPicture_Click() {
+    if (g_.TakingScore)
+        return;
+    if (clicksRefused() || board.upCardEmpty()) {
+        PlayWaveFile("Chord.wav");
+        return;
+    }
+    switch (board.clickUpCard()) {
+        case TierfallBoard::Click::Refused: PlayWaveFile("Chord.wav"); break;
+        case TierfallBoard::Click::Selected:
+            lblCurrentTotal.setCaption(std::to_string(board.CardTotal));
+            UpCardSelectionRectangle.setVisible(true);
+            PlayWaveFile("Markq.wav");
+            CheckTotal();
+            break;
+        case TierfallBoard::Click::Deselected:
+            lblCurrentTotal.setCaption(std::to_string(board.CardTotal));
+            PlayWaveFile("Tick.wav");
+            UpCardSelectionRectangle.setVisible(false);
+            break;
+    }
+}
+
+void frmTierfall::PlayCardPicture_Click() {
+    if (g_.TakingScore)
+        return;
+    // A draw made for the player after a combination used the last up card is silent.
+    const bool quiet = board.UpCardUsed;
+    if (clicksRefused() || board.PlayPileTop < 0) {
+        if (!quiet)
+            PlayWaveFile("Chord.wav");
+        return;
+    }
+    setMousePointer(MousePointer::Hourglass);
+    if (board.UpCount > 0)
+        MoveUpCardToFieldArea();
+    if (!quiet)
+        PlayWaveFile("Markq.wav");
+    board.draw();
+    PaintBoard();
+    setMousePointer(MousePointer::Default);
+}
+
+bool frmTierfall::MoveUpCardToFieldArea() {
+    const int slot = board.moveUpCardToField();
+    if (slot < 0)
+        return false;
+    FieldCardPicture[slot]->setPicture(prog_.pictures.picture(board.FieldCards[slot]));
+    FieldCardPicture[slot]->setVisible(face_ != BoardFace::Hidden);
+    ChargeMove(slot);
+    lblCurrentScore.setCaption(formatScore(g_.Score));
+    return true;
+}
+
+void frmTierfall::CheckTotal() {
+    const TierfallBoard::Combination made = board.takeCombination();
+    if (!made.made)
+        return;
+    PlayWaveFile("TwentyOne.wav");
+    PayCombination(made);
+    PaintBoard();
+    // The cards a leaving card lay over are painted again at once.
+    for (int slot : made.slots)
+        for (int s = 0; s < TierfallBoard::kSlots; ++s)
+            for (int cover : TierfallBoard::slot(s).coveredBy)
+                if (cover == slot)
+                    FieldCardPicture[s]->refresh();
+    lblCurrentElevens.setCaption(std::to_string(board.GoalCount));
+    lblCurrentTotal.setCaption("0");
+    lblCurrentScore.setCaption(formatScore(g_.Score));
+
+    if (CheckForCompletion() && cmdTakeScore && cmdTakeScore->Click) {
+        auto takeScore = cmdTakeScore->Click;
+        takeScore();
+    }
+    if (board.UpCardUsed && board.upCardEmpty())
+        PlayCardPicture_Click();
+    board.UpCardUsed = false;
+}
+
+void frmTierfall::PayCombination(const TierfallBoard::Combination& combination) {
+    // What a card is worth depends on the scoring mode, which is not in yet: until then a
+    // combination leaves Score as it stands.
+    (void)combination;
+}
+
+void frmTierfall::ChargeMove(int slot) {
+    // Likewise the points a card costs when it goes back onto the board.
+    (void)slot;
+}
+
+// ---- Showing and hiding
+
+void frmTierfall::FieldCardDisplay(bool visible) {
+    face_ = visible ? BoardFace::Faces : BoardFace::Hidden;
+    PaintBoard();
+}
+
+void frmTierfall::RefreshFieldCards() {
+    face_ = BoardFace::Backs;
+    PaintBoard();
+}
+
+void frmTierfall::SelRectangle(bool visible) {
+    // Hiding the frames is what deselects; the total is cleared by whoever goes on.
+    if (!visible) {
+        board.selected.fill(false);
+        board.upCardSelected = false;
+    }
+    for (int s = 0; s < TierfallBoard::kSlots; ++s)
+        FieldSelectionRectangle[s]->setVisible(visible);
+    UpCardSelectionRectangle.setVisible(visible);
+}
+
+void frmTierfall::CardTotalVisible(bool visible) {
+    for (Control* c :
+         std::initializer_list<Control*>{&CardTotalRectangle, &CardTotalBevelSide,
+                                         &CardTotalBevelBottom, &lblTotal, &lblCurrentTotal})
+        c->setVisible(visible);
+}
+
+void frmTierfall::ShowLowerCards(bool visible) {
+    lowerShown_ = visible;
+    PlayCardPicture.setVisible(visible);
+    UpCardPicture.setVisible(visible);
+    lblCardCount.setVisible(visible);
+    UpCardSelectionRectangle.setVisible(visible && board.upCardSelected);
+}
+
+void frmTierfall::ShowGoalBox(bool visible) {
+    for (Control* c :
+         std::initializer_list<Control*>{&lblElevens, &ElevensRectangle, &ElevensBevelSide,
+                                         &ElevensBevelBottom, &lblCurrentElevens})
+        c->setVisible(visible);
+}
+
+void frmTierfall::ShowCards(bool visible) {
+    if (!visible) {
+        // A pause keeps the board in place but shows only backs.
+        if (isPaused()) {
+            RefreshFieldCards();
+            CardTotalVisible(false);
+        } else {
+            FieldCardDisplay(false);
+        }
+        ShowLowerCards(false);
+        SelRectangle(false);
+        return;
+    }
+    board.clearSelection();
+    face_ = BoardFace::Faces;
+    if (g_.GameInProgress) {
+        CardTotalVisible(true);
+        lblCurrentTotal.setCaption("0");
+        ShowLowerCards(true);
+    }
+    PaintBoard();
+}
+
+void frmTierfall::ShowControls(bool visible, bool second) {
+    GameFrame::ShowControls(visible, second);
+    ShowGoalBox(visible);
+}
+
+void frmTierfall::HideSelection() {
+    SelRectangle(false);
+    if (isPaused())
+        CardTotalVisible(false);
+}
+
+void frmTierfall::PaintBoard() {
+    const std::string back = prog_.pictures.picture("BACK");
+    for (int s = 0; s < TierfallBoard::kSlots; ++s) {
+        Control& card = *FieldCardPicture[s];
+        card.setPicture(face_ == BoardFace::Backs ? back
+                                                  : prog_.pictures.picture(board.FieldCards[s]));
+        card.setVisible(board.cardPresent[s] && face_ != BoardFace::Hidden);
+        FieldSelectionRectangle[s]->setVisible(board.selected[s] && face_ == BoardFace::Faces);
+    }
+    UpCardPicture.setPicture(board.upCardEmpty() ? prog_.pictures.picture("EMPTY")
+                                                 : prog_.pictures.picture(board.upCard()));
+    UpCardPicture.setVisible(lowerShown_);
+    PlayCardPicture.setVisible(lowerShown_);
+    lblCardCount.setVisible(lowerShown_);
+    UpCardSelectionRectangle.setVisible(lowerShown_ && board.upCardSelected);
+    lblCurrentTotal.setCaption(std::to_string(board.CardTotal));
+    lblCurrentElevens.setCaption(std::to_string(board.GoalCount));
+    RefreshPlayCard();
+}
+
+void frmTierfall::RefreshPlayCard() {
+    const int left = board.cardsLeft();
+    const char* key = left <= 0 ? "EMPTY" : left <= 10 ? "BACK" : left <= 20 ? "HALF" : "FULL";
+    PlayCardPicture.setPicture(prog_.pictures.picture(key));
+    lblCardCount.setCaption("Cards: " + std::to_string(std::max(left, 0)));
+    refreshPointers();
+}
+
+void frmTierfall::RefreshBoardBacks() {
+    if (isPaused())
+        RefreshFieldCards();
+}
+
+void frmTierfall::refreshPointers() {
+    const std::string pointer = prog_.pictures.picture("POINTER");
+    const bool over = lblMessage.caption() == "Game Over";
+    for (int s = 0; s < TierfallBoard::kSlots; ++s)
+        FieldCardPicture[s]->setMouseIcon(!over && board.playable(s) ? pointer : "");
+    PlayCardPicture.setMouseIcon(!over && board.cardsLeft() > 0 ? pointer : "");
+    UpCardPicture.setMouseIcon(!over && !board.upCardEmpty() ? pointer : "");
+}
+
+// ---- Layout: the design-size board scaled into the frame's board area
+
+int frmTierfall::px(int designX) const {
+    return originX_ + static_cast<int>(roundHalfEven((designX - kDesignLeft) * scale_));
+}
+
+int frmTierfall::py(int designY) const {
+    return originY_ + static_cast<int>(roundHalfEven((designY - kDesignTop) * scale_));
+}
+
+void frmTierfall::placeBox(Shape& box, Shape& side, Shape& bottom, Control& title, Control& value,
+                           int x, int y, int w, int h) {
+    const int bevel = std::max(1, static_cast<int>(roundHalfEven(60 * scale_)));
+    box.move(x, y, w, h);
+    side.move(x + w, y + bevel, bevel, h);
+    bottom.move(x + bevel, y + h, w, bevel);
+    title.move(x, y + h / 12, w, h * 5 / 12);
+    value.move(x, y + h / 2 - h / 12, w, h / 2);
+}
+
+void frmTierfall::LayoutBoard(int left, int top, int width, int height) {
+    const double designW = kDesignRight - kDesignLeft;
+    const double designH = kDesignBottom - kDesignTop;
+    scale_ = std::max(0.05, std::min(width / designW, height / designH));
+    originX_ = left + static_cast<int>((width - designW * scale_) / 2);
+    originY_ = top + static_cast<int>((height - designH * scale_) / 2);
+    const int cardW = std::max(1, static_cast<int>(roundHalfEven(kDesignCardWidth * scale_)));
+    const int cardH = static_cast<int>(roundHalfEven(cardW * double(kAspectH) / kAspectW));
+    const int pad = std::max(1, cardW / 30);
+    auto placeCard = [&](Control& card, Shape& frame, int x, int y) {
+        card.move(px(x), py(y), cardW, cardH);
+        frame.move(px(x) - pad, py(y) - pad, cardW + 2 * pad, cardH + 2 * pad);
+    };
+    for (int s = 0; s < TierfallBoard::kSlots; ++s)
+        placeCard(*FieldCardPicture[s], *FieldSelectionRectangle[s], TierfallBoard::slot(s).left,
+                  TierfallBoard::slot(s).top);
+    PlayCardPicture.move(px(kPileLeft), py(kLowerTop), cardW, cardH);
+    placeCard(UpCardPicture, UpCardSelectionRectangle, kUpCardLeft, kLowerTop);
+    lblCardCount.move(px(kPileLeft) - cardW / 4, py(kLowerTop) - cardH / 4, cardW * 3 / 2,
+                      cardH / 4);
+
+    // The total box left of the pile, the goal box right of the up card: level with them,
+    // but never under the lowest tier, whose cards reach further down.
+    const int boxW = px(kPileLeft) - px(kDesignLeft + 1065) - cardW / 2;
+    const int boxH = cardH * 2 / 3;
+    int lowestCard = 0;
+    for (int s = 0; s < TierfallBoard::kSlots; ++s)
+        lowestCard = std::max(lowestCard, py(TierfallBoard::slot(s).top) + cardH);
+    const int boxY = std::max(py(kLowerTop) + (cardH - boxH) / 2, lowestCard + cardH / 8);
+    placeBox(CardTotalRectangle, CardTotalBevelSide, CardTotalBevelBottom, lblTotal,
+             lblCurrentTotal, px(kDesignLeft + 1065), boxY, boxW, boxH);
+    placeBox(ElevensRectangle, ElevensBevelSide, ElevensBevelBottom, lblElevens, lblCurrentElevens,
+             px(kUpCardLeft) + cardW + cardW / 2, boxY, boxW, boxH);
+}
+
+}  // namespace corvanna
