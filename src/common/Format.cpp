@@ -51,24 +51,6 @@ static std::string trimmed(const std::string& text) {
     return text.substr(b, e - b);
 }
 
-double leadingNumber(const std::string& text) {
-    const std::string t = trimmed(text);
-    std::size_t i = 0;
-    if (i < t.size() && (t[i] == '+' || t[i] == '-'))
-        ++i;
-    const std::size_t digitsFrom = i;
-    while (i < t.size() && std::isdigit(static_cast<unsigned char>(t[i])))
-        ++i;
-    if (i < t.size() && t[i] == '.') {
-        ++i;
-        while (i < t.size() && std::isdigit(static_cast<unsigned char>(t[i])))
-            ++i;
-    }
-    if (i == digitsFrom || (i == digitsFrom + 1 && t[digitsFrom] == '.'))
-        return 0;
-    return std::strtod(t.substr(0, i).c_str(), nullptr);
-}
-
 bool parseInteger(const std::string& text, std::int64_t& out) {
     const std::string t = trimmed(text);
     if (t.empty() || t.size() > 20)

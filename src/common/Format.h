@@ -16,8 +16,6 @@ std::string formatScore(std::int64_t v);
 std::string formatTimeOfDay(int hour, int minute);
 // Minute boundaries crossed from a to b, as a date difference counts them.
 long long MinutesBetween(const DateTime& a, const DateTime& b);
-// Leading number of a text as a dialog reads it: no number reads as 0.
-double leadingNumber(const std::string& text);
 // A whole number if the text is one (blanks round it allowed), for settings values.
 bool parseInteger(const std::string& text, std::int64_t& out);
 bool parseReal(const std::string& text, double& out);

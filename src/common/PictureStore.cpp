@@ -64,9 +64,4 @@ void PictureStore::selectDesign(int design) {
         keys_[(design - 1) * 3 + 1 + k] = kStackKeys[k];
 }
 
-int PictureStore::currentDesign() const {
-    const int s = slotOf("BACK");
-    return s >= 1 && s <= 12 ? (s - 1) / 3 + 1 : 0;
-}
-
 }  // namespace corvanna

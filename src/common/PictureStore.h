@@ -25,7 +25,6 @@ public:
     // The back design in the picture store's own numbering: 1 Palm Tree, 2 Magic Hands,
     // 3 Night Castle, 4 Hot Cards. Clears slots 1-12 and keys the design's three slots.
     void selectDesign(int design);
-    int currentDesign() const;  // 0 when no slot holds "BACK" among 1-12
 
 private:
     std::array<std::string, kSlots + 1> pictures_;

@@ -126,9 +126,11 @@ TEST(HighScoreFiles, SeedsAndTheDuomatchDifferenceComeFromOneTable) {
     EXPECT_EQ(highScoreTableFor("Duomatch!")->seedScore, 30000);
     EXPECT_EQ(highScoreTableFor("Duomatch!")->clearedSeedScore, 50000);
     EXPECT_EQ(highScoreTableFor("Duomatch!")->tableName, "Duomatch Hi Score Table ");
-    for (const auto& info : HighScoreTables)
-        if (info.appTitle != "Duomatch!")
+    for (const auto& info : HighScoreTables) {
+        if (info.appTitle != "Duomatch!") {
             EXPECT_EQ(info.seedScore, info.clearedSeedScore) << info.appTitle;
+        }
+    }
     EXPECT_EQ(highScoreTableFor("Spirefold!")->seedScore, 30000);
     EXPECT_EQ(highScoreTableFor("Wildslot!")->seedScore, 50000);
     EXPECT_EQ(highScoreTableFor("Nothing!"), nullptr);

@@ -36,20 +36,24 @@ void GameFrame::Pause() {
 
 void GameFrame::RunPausingDialog(const std::function<void()>& dialog) {
     const bool wasPaused = isPaused();
-    const bool gameOn = info_.dialogPause == DialogPause::ByPauseButton      ? cmdPause.enabled()
-                        : info_.dialogPause == DialogPause::ByGameInProgress ? g_.GameInProgress
-                                                                             : false;
+    // Whether this game counts as running, by the game's own test; asked again afterwards,
+    // since the dialog may have ended the game.
+    auto gameOn = [this] {
+        switch (info_.dialogPause) {
+            case DialogPause::ByPauseButton: return cmdPause.enabled();
+            case DialogPause::ByGameInProgress: return g_.GameInProgress;
+            case DialogPause::Never: return false;
+        }
+        return false;
+    };
     const bool over = lblMessage.caption() == "Game Over";
-    if (gameOn && !wasPaused && !over)
+    if (gameOn() && !wasPaused && !over)
         Pause();
     dialog();
     // The form may have been left while the dialog was up.
     if (!prog_.findForm(name()))
         return;
-    const bool stillOn = info_.dialogPause == DialogPause::ByPauseButton      ? cmdPause.enabled()
-                         : info_.dialogPause == DialogPause::ByGameInProgress ? g_.GameInProgress
-                                                                              : false;
-    if (stillOn && lblMessage.caption() != "Game Over" && !wasPaused && isPaused())
+    if (gameOn() && lblMessage.caption() != "Game Over" && !wasPaused && isPaused())
         Pause();
 }
 
