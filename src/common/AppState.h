@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "common/GameValues.h"
 #include "platform/Platform.h"
 
 namespace corvanna {
@@ -50,6 +51,7 @@ struct AppState {
     std::string UserState = "None";
     std::string UserCountry = "United States";
     ClockState Clock;
+    TierfallValues Tierfall;
 
     int deckUpperBound() const { return static_cast<int>(Deck.size()) - 1; }
 };

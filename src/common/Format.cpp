@@ -1,6 +1,7 @@
 #include "common/Format.h"
 
 #include <QDateTime>
+#include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <cmath>
@@ -83,6 +84,11 @@ bool parseReal(const std::string& text, double& out) {
             return false;
     out = v;
     return true;
+}
+
+void addToScore(std::int32_t& score, std::int64_t amount) {
+    score =
+        static_cast<std::int32_t>(std::clamp<std::int64_t>(score + amount, INT32_MIN, INT32_MAX));
 }
 
 }  // namespace corvanna

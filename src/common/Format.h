@@ -10,6 +10,8 @@ namespace corvanna {
 
 // A real number to an integer, half to even.
 std::int64_t roundHalfEven(double v);
+// Adds to a 32-bit score, which holds at its ends rather than wrap.
+void addToScore(std::int32_t& score, std::int64_t amount);
 // "###,###,###,##0": thousands grouped, "0" for zero.
 std::string formatScore(std::int64_t v);
 // "h:mm AM" / "h:mm PM", as the status bar shows the time of day.

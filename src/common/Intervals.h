@@ -16,6 +16,10 @@ inline constexpr int HighScoreFlash = 500;      // Timer1 of the High Scores dia
 inline constexpr int SpeedBonusShown = 2000;  // "Speed Bonus!" and the total before counting
 inline constexpr int CountBonusShown = 1000;  // a bonus's label and total before counting
 inline constexpr int CountUpStep = 75;        // one step of a count-up, with "Snap.wav"
+// Tierfall's own count-up: a payment is shown, paid, settles, and stands a moment.
+inline constexpr int PaymentShown = 1000;
+inline constexpr int PaymentSettle = 500;
+inline constexpr int PaymentAfter = 1000;
 
 inline constexpr int FlashesAtTimeOut = 10;
 inline constexpr int FlashesBeforeRound = 11;

@@ -11,6 +11,7 @@
 #include "common/Variables.h"
 #include "drive/DriveText.h"
 #include "drive/Driver.h"
+#include "games/GameRegistry.h"
 #include "shell/Startup.h"
 #include "testkit/FakePlatform.h"
 
@@ -49,6 +50,7 @@ void usage(std::FILE* out) {
         "Variables for get:",
         out);
     int column = 80;
+    allGames();  // the games add their own variables
     for (const auto& name : variableNames()) {
         if (column + name.size() + 1 > 80) {
             std::fputs("\n ", out);

@@ -3,6 +3,7 @@
 #include "common/Program.h"
 #include "common/frame/GameFrame.h"
 #include "games/tierfall/frmTierfall.h"
+#include "games/tierfall/modTierfall.h"
 
 namespace corvanna {
 
@@ -323,7 +324,11 @@ std::vector<GameInfo> makeGames() {
 }  // namespace
 
 const std::vector<GameInfo>& allGames() {
-    static const std::vector<GameInfo> games = makeGames();
+    static const std::vector<GameInfo> games = [] {
+        // Each game's own variables join the program-wide ones for `get`.
+        addTierfallVariables();
+        return makeGames();
+    }();
     return games;
 }
 

@@ -12,10 +12,9 @@ HighScoreChoice CurrentHighScoreTable(const Program& prog) {
     if (!choice.table)
         return choice;
     if (choice.table->tableName == TierfallHiScoreTable) {
-        // Tierfall keeps a table per card goal and scoring mode. Until its card goal and
-        // Enhanced Scoring are program-wide, the table is that of the default goal.
-        const int cardGoal = TierfallDefaultCardGoal;
-        const bool enhanced = false;
+        // Tierfall keeps a table per card goal and scoring mode.
+        const int cardGoal = prog.state.Tierfall.CardGoal;
+        const bool enhanced = prog.state.Tierfall.EnhancedScoring;
         choice.tableName = HighScoreTableName(choice.table->tableName, cardGoal, enhanced);
         choice.info = (enhanced ? "V 7.0 Enhanced Scoring - High Scores for a card goal of "
                                 : "High Scores for a card goal of ") +

@@ -199,7 +199,7 @@ TEST_F(Drive, GameButtonShowsTheGameAndHidesTheSelector) {
               "show frmTierfall\n"
               "hide frmSelect\n"
               "Tierfall!\n"
-              "Tierfall!\n"
+              "Tierfall! - Enhanced Scoring\n"
               "False\n"
               "True\n"
               "error: frmSelect.cmdFivestack is on a form that is not shown\n");

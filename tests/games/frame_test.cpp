@@ -34,6 +34,13 @@ struct CaptionRecorder {
     }
 };
 
+// Tierfall in its standard scoring, where the clock runs from the deal as in most games.
+GameFrame& openStandardTierfall(TestProgram& t) {
+    GameFrame& f = t.openGame("frmTierfall");
+    t.prog.state.Tierfall.EnhancedScoring = false;
+    return f;
+}
+
 }  // namespace
 
 TEST(Frame, EveryGameOpensWithTheSharedControlsAndItsOwnNames) {
@@ -42,7 +49,9 @@ TEST(Frame, EveryGameOpensWithTheSharedControlsAndItsOwnNames) {
         GameFrame& f = t.openGame(game.formName);
         SCOPED_TRACE(game.formName);
         EXPECT_EQ(t.prog.state.AppTitle, game.title);
-        EXPECT_EQ(f.caption(), game.title);
+        // Tierfall names its default scoring mode in its caption.
+        EXPECT_EQ(f.caption(),
+                  game.title + (game.formName == "frmTierfall" ? " - Enhanced Scoring" : ""));
         EXPECT_TRUE(f.visible());
         EXPECT_FALSE(t.select.visible());
         for (const std::string name : {"cmdPlay",        "cmdPause",       "Timer1",
@@ -175,7 +184,7 @@ TEST(Frame, RoundsRunOutToGameOverWithTheirMessages) {
 
 TEST(Frame, NinetySecondsWarnAtHalfAndQuarterAndBonusRoundIsEarned) {
     TestProgram t;
-    GameFrame& f = t.openGame("frmTierfall");
+    GameFrame& f = openStandardTierfall(t);
     auto& g = t.prog.state;
     EXPECT_EQ(g.RoundSeconds, 90);
     t.click("frmTierfall", "cmdPlay");
@@ -227,7 +236,7 @@ TEST(Frame, BonusRoundMissedOnePointBelowAndHitspreeNeedsMore) {
 
 TEST(Frame, PauseResumeAndDialogsKeepTheRoundClockStill) {
     TestProgram t;
-    GameFrame& f = t.openGame("frmTierfall");
+    GameFrame& f = openStandardTierfall(t);
     auto& g = t.prog.state;
     // No game on: About opens and closes with no pause.
     t.fake.queueModal([&](Form& about) {
@@ -402,7 +411,7 @@ TEST(Frame, TakeScoreQueuedDuringScoringIsIgnored) {
 
 TEST(Frame, ClicksHeldDuringTheEndOfARoundDoNotPauseOrEndTheNextOne) {
     TestProgram t;
-    GameFrame& f = t.openGame("frmTierfall");
+    GameFrame& f = openStandardTierfall(t);
     auto& g = t.prog.state;
     t.click("frmTierfall", "mnu30");
     t.click("frmTierfall", "cmdPlay");

@@ -69,8 +69,11 @@ TEST(TierfallBoard, DeckHoldsFourAcesOfEachSuitAndCourtsOnlyAsTheGoalNeedsThem) 
             EXPECT_EQ(deck[64], "13D");
         }
     }
-    EXPECT_TRUE(TierfallBoard::elevensDeck(9).empty());
-    EXPECT_TRUE(TierfallBoard::elevensDeck(16).empty());
+    // A goal out of range, as a damaged settings file may hold, still gets a whole deck.
+    EXPECT_EQ(TierfallBoard::elevensDeck(9).size(), 53u);
+    EXPECT_EQ(TierfallBoard::elevensDeck(-3).size(), 53u);
+    EXPECT_EQ(TierfallBoard::elevensDeck(16).size(), 65u);
+    EXPECT_EQ(TierfallBoard::elevensDeck(32767).back(), "13D");
 }
 
 TEST(TierfallBoard, DealFillsSlotsUpCardAndPileFromTheDeckPositions) {

@@ -10,108 +10,11 @@
 #include <set>
 #include <sstream>
 
-#include "forms/Input.h"
-#include "games/GameRegistry.h"
-#include "games/tierfall/frmTierfall.h"
-#include "testkit/TestProgram.h"
+#include "games/TierfallTable.h"
 
 namespace corvanna {
 
-namespace {
-
-std::vector<std::string> sounds(const std::vector<std::string>& log) {
-    std::vector<std::string> out;
-    for (const std::string& line : log)
-        if (line.rfind("sound ", 0) == 0)
-            out.push_back(line.substr(6));
-    return out;
-}
-
-using Sounds = std::vector<std::string>;
-
-// The game's form on the test program, as the selector will open it.
-frmTierfall& openTierfall(TestProgram& t) {
-    t.prog.state.AppTitle = "Tierfall!";
-    auto& f = t.prog.load<frmTierfall>(*findGame("frmTierfall"));
-    f.Form_Load();
-    t.prog.platform.showForm(f, false);
-    return f;
-}
-
-// The real deck for goal 11 with the given cards moved to the given positions.
-std::vector<std::string> stackedDeck(const std::map<int, std::string>& wanted) {
-    auto deck = TierfallBoard::elevensDeck(11);
-    std::set<int> fixed;
-    for (const auto& [pos, code] : wanted) {
-        for (std::size_t j = 1; j < deck.size(); ++j) {
-            if (deck[j] == code && !fixed.count(static_cast<int>(j))) {
-                std::swap(deck[j], deck[static_cast<std::size_t>(pos)]);
-                break;
-            }
-        }
-        fixed.insert(pos);
-    }
-    return deck;
-}
-
-// Slot s is Deck(s + 1); the up card Deck(23); the first draw Deck(52).
-const std::map<int, std::string> kStack{
-    {4, "4H"},    // slot 3
-    {8, "9C"},    // slot 7
-    {12, "7D"},   // slot 11
-    {13, "3D"},   // slot 12
-    {17, "8S"},   // slot 16
-    {18, "2D"},   // slot 17
-    {21, "5S"},   // slot 20
-    {22, "6H"},   // slot 21
-    {23, "6C"},   // the first up card
-    {52, "10H"},  // the first draw
-};
-
-struct Table {
-    TestProgram t;
-    frmTierfall& f;
-    AppState& g;
-    Table() : t(1), f(openTierfall(t)), g(t.prog.state) {}
-
-    // Plays, then deals the stacked deck in place of the shuffled one.
-    void playStacked() {
-        t.click("frmTierfall", "cmdPlay");
-        g.Deck = stackedDeck(kStack);
-        ASSERT_EQ(g.Deck[8], "9C");
-        ASSERT_TRUE(f.DealRound());
-        t.fake.takeLog();
-    }
-    void card(int slot) { t.click("frmTierfall", "FieldCardPicture", slot); }
-    void up() { t.click("frmTierfall", "UpCardPicture"); }
-    void pile() { t.click("frmTierfall", "PlayCardPicture"); }
-    Sounds heard() { return sounds(t.fake.takeLog()); }
-    std::string pic(const std::string& key) { return t.prog.pictures.picture(key); }
-    std::set<int> pointed() {
-        std::set<int> out;
-        for (int s = 0; s < TierfallBoard::kSlots; ++s)
-            if (f.FieldCardPicture[s]->mouseIcon() == pic("POINTER"))
-                out.insert(s);
-        return out;
-    }
-    std::set<int> shown() {
-        std::set<int> out;
-        for (int s = 0; s < TierfallBoard::kSlots; ++s)
-            if (f.FieldCardPicture[s]->visible())
-                out.insert(s);
-        return out;
-    }
-};
-
-std::set<int> allSlotsBut(std::set<int> gone) {
-    std::set<int> out;
-    for (int s = 0; s < TierfallBoard::kSlots; ++s)
-        if (!gone.count(s))
-            out.insert(s);
-    return out;
-}
-
-}  // namespace
+using namespace tierfall_test;
 
 TEST(TierfallPlay, SeedOneDealsTheGoldenBoard) {
     Table x;
@@ -144,7 +47,7 @@ TEST(TierfallPlay, SeedOneDealsTheGoldenBoard) {
     EXPECT_EQ(x.f.UpCardPicture.picture(), x.pic(deck[23]));
     EXPECT_EQ(x.f.board.PlayPile[0], deck[23]);
     EXPECT_EQ(x.f.board.PlayPile[29], deck[52]);
-    EXPECT_EQ(x.f.RoundDecks[0], deck);
+    EXPECT_EQ(x.g.Tierfall.RoundDecks[0], deck);
     EXPECT_EQ(x.f.lblCardCount.caption(), "Cards: 30");
     EXPECT_EQ(x.f.PlayCardPicture.picture(), x.pic("FULL"));
     EXPECT_EQ(x.f.lblCurrentTotal.caption(), "0");
@@ -345,56 +248,6 @@ TEST(TierfallPlay, PauseShowsBacksAndRefusesClicksUntilResumed) {
     x.card(20);
     x.card(21);  // 5 + 6: nothing of the 9 is left in the total
     EXPECT_EQ(x.heard(), (Sounds{"Markq.wav", "Markq.wav", "TwentyOne.wav"}));
-}
-
-TEST(TierfallPlay, ClearingTheBoardEndsTheRoundAndGameOverRefusesClicks) {
-    Table x;
-    x.t.click("frmTierfall", "mnu30");
-    x.playStacked();
-    // Everything above the bottom tier played away already.
-    for (int s = 0; s < 20; ++s)
-        x.f.board.cardPresent[s] = false;
-    x.f.PaintBoard();
-    x.card(20);
-    x.card(21);
-    // The round is over at once: round two is dealt, full.
-    EXPECT_EQ(x.g.RoundNumber, 2);
-    EXPECT_EQ(x.f.lblCurrentRound->caption(), "2");
-    EXPECT_EQ(x.shown(), allSlotsBut({}));
-    EXPECT_EQ(x.f.board.GoalCount, 0);
-    EXPECT_EQ(x.f.lblCurrentElevens.caption(), "0");
-    EXPECT_EQ(x.f.RoundDecks[1], x.g.Deck);
-    EXPECT_EQ(x.heard().front(), "Markq.wav");
-
-    // Round two runs out below the bonus score: game over.
-    x.t.fake.advance(30000 + 10 * 250 + 2000);
-    ASSERT_EQ(x.f.lblMessage.caption(), "Game Over");
-    EXPECT_TRUE(x.shown().empty());
-    EXPECT_FALSE(x.f.UpCardPicture.visible());
-    EXPECT_FALSE(userClick(*x.f.FieldCardPicture[7]));
-    x.heard();
-    x.f.FieldCardPicture_Click(7);
-    x.f.UpCardPicture_Click();
-    x.f.PlayCardPicture_Click();
-    EXPECT_EQ(x.heard(), (Sounds{"Chord.wav", "Chord.wav", "Chord.wav"}));
-    EXPECT_EQ(x.f.board.CardTotal, 0);
-    EXPECT_TRUE(x.t.fake.takeErrors().empty());
-}
-
-TEST(TierfallPlay, TimeOutClearsTheSelectionAndDealsAgain) {
-    Table x;
-    x.t.click("frmTierfall", "mnu30");
-    x.playStacked();
-    x.card(7);
-    x.t.fake.advance(29000);
-    EXPECT_TRUE(x.f.FieldSelectionRectangle[7]->visible());
-    x.t.fake.advance(1000 + 21 * 250);
-    EXPECT_EQ(x.g.RoundNumber, 2);
-    EXPECT_EQ(x.f.board.CardTotal, 0);
-    EXPECT_EQ(x.f.lblCurrentTotal.caption(), "0");
-    for (int s = 0; s < TierfallBoard::kSlots; ++s)
-        EXPECT_FALSE(x.f.FieldSelectionRectangle[s]->visible());
-    EXPECT_EQ(x.shown(), allSlotsBut({}));
 }
 
 TEST(TierfallPlay, BoardScalesWithTheWindowKeepingCardShapeAndOverlap) {

@@ -152,6 +152,7 @@ TEST(HighScoresDialog, ShowsTheTableOfTheTimeLimitWithScoresGroupedAndRealDates)
     ScoresProgram t;
     const GameInfo& tier = game("frmTierfall");
     t.openGame(tier.formName);
+    t.prog.state.Tierfall.EnhancedScoring = false;  // the standard mode's table
     t.click(tier.formName, "mnu30");
     std::string table = row("Ann*", 1234567, "Nov 05 2001 09:07 pm") +
                         row("Bo", 98765, "Feb 29 2024 12:00 am") +
@@ -376,6 +377,7 @@ TEST(HighScoreMenus, ViewPausesARunningGameByItsPauseFormAndResumes) {
         SCOPED_TRACE(info.formName);
         GameFrame& f = t.openGame(info.formName);
         auto& g = t.prog.state;
+        g.Tierfall.EnhancedScoring = false;  // Tierfall's clock runs from the deal
         t.click(info.formName, "cmdPlay");
         t.fake.advance(3000);
         ASSERT_EQ(g.ElapsedSeconds, 3);
@@ -464,6 +466,7 @@ TEST(HighScoreMenus, ClearAsksUnderTheGamesPauseFormAndSeedsTheGamesOwnScore) {
         const auto [pauses, seed] = expected.at(info.title);
         GameFrame& f = t.openGame(info.formName);
         auto& g = t.prog.state;
+        g.Tierfall.EnhancedScoring = false;  // Tierfall's clock runs from the deal
         const std::string plain =
             CurrentHighScoreTable(t.prog).tableName + std::to_string(g.RoundSeconds) + ".Txt";
         const std::string kept = row("Ann", 777777, "Nov 05 2001 09:07 pm") + seedTable(1);

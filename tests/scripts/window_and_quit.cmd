@@ -7,6 +7,9 @@ click frmSelect.cmdTierfall
 get frmTierfall.Width
 get frmTierfall.Height
 click frmTierfall.cmdPlay
+# The enhanced clock waits for a combination; a pause and resume start it too.
+click frmTierfall.cmdPause
+click frmTierfall.cmdPause
 advance 3000
 get frmTierfall.lblTime.Caption
 

@@ -20,10 +20,7 @@ void showScore(GameFrame& f) {
 }
 
 void addToScore(GameFrame& f, std::int64_t amount) {
-    auto& score = f.program().state.Score;
-    // A 32-bit score holds at its ends rather than wrap.
-    score =
-        static_cast<std::int32_t>(std::clamp<std::int64_t>(score + amount, INT32_MIN, INT32_MAX));
+    corvanna::addToScore(f.program().state.Score, amount);
     showScore(f);
 }
 

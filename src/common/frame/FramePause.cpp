@@ -84,6 +84,10 @@ void GameFrame::Form_Unload(bool& cancel) {
             Pause();
         return;
     }
+    LeaveForm();
+}
+
+void GameFrame::LeaveForm() {
     WriteSettings();
     Timer1.stop();
     Timer2.stop();
@@ -93,6 +97,12 @@ void GameFrame::Form_Unload(bool& cancel) {
         StopMusic();
     if (onLeave)
         onLeave();
+}
+
+void GameFrame::UnloadWithoutQuestion() {
+    LeaveForm();
+    prog_.platform.hideForm(*this);
+    prog_.unload(*this);
 }
 
 }  // namespace corvanna

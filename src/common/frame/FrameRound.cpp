@@ -107,13 +107,13 @@ void GameFrame::Timer1_Timer() {
     if (g_.ElapsedSeconds == g_.RoundSeconds) {
         endingRound_ = true;
         Timer1.stop();
-        ShowCards(false);
-        HideSelection();
+        HideBoardAtTimeOut();
         lblMessage.setCaption("Times Up!");
         lblMessage.setVisible(true);
         SetStatus(2, "Time has expired!");
         FlashMessage(ms::FlashesAtTimeOut);
-        RunEndOfRound();
+        TakeScoreAtTimeOut();
+        endingRound_ = false;
         if (lblMessage.caption() != "Game Over")
             lblMessage.setVisible(false);
     }
@@ -144,9 +144,23 @@ void GameFrame::EnableCommands(bool enabled) {
     mnuPause.setEnabled(enabled);
 }
 
+void GameFrame::HideBoardAtTimeOut() {
+    ShowCards(false);
+    HideSelection();
+}
+
+void GameFrame::cmdTakeScore_Click() {
+    // A Take Score that was queued behind the scoring is ignored.
+    if (g_.TakingScore)
+        return;
+    RunEndOfRound();
+}
+
 void GameFrame::RunEndOfRound() {
     endingRound_ = true;
     TakeScore();
+    // What the player clicked during the waits arrives now and finds the round still ending.
+    prog_.platform.doEvents();
     endingRound_ = false;
 }
 

@@ -164,20 +164,14 @@ void GameFrame::wireHandlers() {
                 (this->*handler)();
         };
     };
-    cmdPlay.Click = unlessEndingRound(&GameFrame::Play);
-    mnuPlay.Click = unlessEndingRound(&GameFrame::Play);
+    cmdPlay.Click = unlessEndingRound(&GameFrame::cmdPlay_Click);
+    mnuPlay.Click = unlessEndingRound(&GameFrame::mnuPlay_Click);
     cmdPause.Click = unlessEndingRound(&GameFrame::Pause);
     mnuPause.Click = unlessEndingRound(&GameFrame::Pause);
-    auto takeScore = [this] {
-        // A Take Score that was queued behind the scoring is ignored.
-        if (g_.TakingScore || endingRound_)
-            return;
-        RunEndOfRound();
-    };
     if (cmdTakeScore)
-        cmdTakeScore->Click = takeScore;
+        cmdTakeScore->Click = unlessEndingRound(&GameFrame::cmdTakeScore_Click);
     if (mnuTakeScore)
-        mnuTakeScore->Click = takeScore;
+        mnuTakeScore->Click = unlessEndingRound(&GameFrame::mnuTakeScore_Click);
     auto leave = [this] {
         if (!endingRound_)
             prog_.requestUnload(*this);
@@ -247,6 +241,7 @@ void GameFrame::Form_Load() {
         WriteSettings();
     ReadSettingsINI(settingsPath());
     CheckForCustom();
+    SettingsApplied();
     g_.GamesPlayedCount = CountGamePlayed(prog_, g_.AppTitle);
     g_.FormLoadTime = prog_.platform.now();
     ShowHighScore();

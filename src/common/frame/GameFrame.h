@@ -71,6 +71,18 @@ public:
     // Sets the scoring values to the game's defaults and checks them (CustomScoring).
     virtual void SetGameDefaults() {}
     virtual void CheckForCustom() {}
+    // Runs at load once the settings file has been read and CustomScoring set.
+    virtual void SettingsApplied() {}
+
+    // The commands: the usual Play for both Play commands, and the usual end of a round.
+    virtual void cmdPlay_Click() { Play(); }
+    virtual void mnuPlay_Click() { Play(); }
+    virtual void cmdTakeScore_Click();
+    virtual void mnuTakeScore_Click() { cmdTakeScore_Click(); }
+    // At a time out, before "Times Up!" flashes: the usual hides the board and its marks.
+    virtual void HideBoardAtTimeOut();
+    // At a time out, after the flashing: the usual runs the end of the round.
+    virtual void TakeScoreAtTimeOut() { RunEndOfRound(); }
 
     // ---- Settings (FrameSettings.cpp) --------------------------------------------
     // Reads the file and applies every key it knows; a missing file changes nothing.
@@ -175,6 +187,12 @@ protected:
     void GameOver();
     // Quits a game on the player's Yes: nothing is recorded.
     void EndGameWithoutScore();
+    // Runs the game's TakeScore with held clicks kept out until the next round is dealt.
+    void RunEndOfRound();
+    // True while a round is being ended and the next dealt: held clicks find nothing to do.
+    bool endingRound() const { return endingRound_; }
+    // Goes back to the selector without the question, as after a failure to play.
+    void UnloadWithoutQuestion();
 
     Program& prog_;
     AppState& g_;
@@ -186,8 +204,8 @@ private:
     void layout();
     void placeSplash();
 
-    // Runs the game's TakeScore with held clicks kept out until the next round is dealt.
-    void RunEndOfRound();
+    // What leaving the form does once the player has said Yes.
+    void LeaveForm();
 
     // The end of a round is running: a click held during its waits arrives at the next
     // round's DoEvents and must not pause or end a round that is being dealt.

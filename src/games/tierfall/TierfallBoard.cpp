@@ -29,8 +29,7 @@ const TierfallSlot& TierfallBoard::slot(int slot) {
 }
 
 int TierfallBoard::deckSize(int goal) {
-    if (!validGoal(goal))
-        return 0;
+    // Each court rank comes in once the goal reaches it; a goal out of range still gets a deck.
     if (goal <= 11)
         return 52;
     return goal >= 14 ? 64 : 52 + 4 * (goal - 11);
@@ -38,8 +37,6 @@ int TierfallBoard::deckSize(int goal) {
 
 std::vector<std::string> TierfallBoard::elevensDeck(int goal) {
     const int size = deckSize(goal);
-    if (size == 0)
-        return {};
     static const char suits[] = {'S', 'H', 'C', 'D'};
     std::vector<std::string> deck(1);
     deck.reserve(static_cast<std::size_t>(size) + 1);

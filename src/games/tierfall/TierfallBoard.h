@@ -30,11 +30,11 @@ public:
 
     static const TierfallSlot& slot(int slot);
     static bool validGoal(int goal) { return goal >= 10 && goal <= 15; }
-    // Cards in the deck for the goal: 52 to 64; 0 for a goal outside 10 to 15.
+    // Cards in the deck for the goal: 52 up to 11, 64 from 14.
     static int deckSize(int goal);
     static int playPileUpperBound(int goal) { return deckSize(goal) - (kFirstUpCard - 1); }
     // The deck by position from 1 (position 0 unused): four aces of each suit, 2 to 10,
-    // and court cards only as the goal needs them. Empty for a goal outside 10 to 15.
+    // and court cards only as the goal needs them.
     static std::vector<std::string> elevensDeck(int goal);
 
     // ---- State, by the names the game uses

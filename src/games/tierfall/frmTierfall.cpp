@@ -6,6 +6,8 @@
 
 #include "common/Cards.h"
 #include "common/Format.h"
+#include "common/frame/Clock.h"
+#include "games/tierfall/modTierfall.h"
 
 namespace corvanna {
 
@@ -87,6 +89,7 @@ frmTierfall::frmTierfall(Program& prog, const GameInfo& info)
     PlayCardPicture.Click = [this] { PlayCardPicture_Click(); };
     UpCardPicture.Click = [this] { UpCardPicture_Click(); };
     PlayCardPicture.setToolTipText("Click to draw a new up card");
+    lblCurrentScore.Change = [this] { ScoreChanged(); };
 
     // A lower row overlaps the one above; frames lie over every card; the message and the
     // splash panel cover the board.
@@ -113,12 +116,12 @@ std::string frmTierfall::GoalCaption(int cardGoal) {
 
 bool frmTierfall::CreateElevensDeck() {
     try {
-        std::vector<std::string> deck = TierfallBoard::elevensDeck(board.CardGoal);
-        if (deck.empty())
-            throw std::invalid_argument("card goal");
-        g_.Deck = std::move(deck);
+        std::vector<std::string> deck = TierfallBoard::elevensDeck(values().CardGoal);
+        for (auto& round : values().RoundDecks)
+            round.assign(deck.size(), std::string());
         board.PlayPile.assign(
-            static_cast<std::size_t>(TierfallBoard::playPileUpperBound(board.CardGoal)) + 1, "");
+            static_cast<std::size_t>(TierfallBoard::playPileUpperBound(values().CardGoal)) + 1, "");
+        g_.Deck = std::move(deck);
         return true;
     } catch (const std::exception&) {
         prog_.msg("Unable to create the deck.");
@@ -126,15 +129,10 @@ bool frmTierfall::CreateElevensDeck() {
     }
 }
 
-void frmTierfall::Deal() {
-    // The frame hands every game a standard deck; Tierfall plays its own for the card goal.
-    if (!CreateElevensDeck() || !ShuffleDeck(prog_))
-        return;
-    DealRound();
-}
-
-bool frmTierfall::DealRound() {
+bool frmTierfall::Deal(bool newGame) {
     try {
+        // A replay deals the old decks under the goal now in force.
+        board.CardGoal = values().CardGoal;
         if (!board.deal(g_.Deck))
             throw std::length_error("deck too short for the board");
         lblMessage.setVisible(false);
@@ -145,14 +143,31 @@ bool frmTierfall::DealRound() {
         lblElevens.setCaption(GoalCaption(board.CardGoal));
         face_ = BoardFace::Faces;
         lowerShown_ = true;
+        PaintBoard();
         lblTime.setCaption("Time: " + std::to_string(g_.RoundSeconds));
+        // In the enhanced mode the clock waits for the first combination.
+        if (!values().EnhancedScoring)
+            Timer1.start();
         g_.ElapsedSeconds = 0;
-        ShowClockBox(true);
+        g_.ClockSeconds = 0;
+        if (newGame) {
+            values().LastScore = g_.Score;
+            g_.Score = 0;
+            lblCurrentScore.setCaption(formatScore(g_.Score));
+            g_.RoundNumber = 1;
+        }
         ShowRoundBox(true);
         ShowGoalBox(true);
+        if (lblCurrentRound)
+            lblCurrentRound->setCaption(std::to_string(g_.RoundNumber));
+        lblCurrentElevens.setCaption(std::to_string(board.GoalCount));
         if (g_.RoundNumber >= 1 && g_.RoundNumber <= 3)
-            RoundDecks[static_cast<std::size_t>(g_.RoundNumber - 1)] = g_.Deck;
-        PaintBoard();
+            values().RoundDecks[static_cast<std::size_t>(g_.RoundNumber - 1)] = g_.Deck;
+        // A clock left blinking by the last round stops with the new one.
+        Timer2.stop();
+        InitClock(*this);
+        ShowClockBox(true);
+        UpdateUpCardTip();
         return true;
     } catch (const std::exception&) {
         prog_.msg("Unable to deal the cards.", MsgButtons::OK, MsgIcon::Critical);
@@ -168,7 +183,7 @@ bool frmTierfall::clicksRefused() const {
 
 void frmTierfall::FieldCardPicture_Click(int slot) {
     // A click held behind the end of a round lands on a board that is being taken away.
-    if (g_.TakingScore || slot < 0 || slot >= TierfallBoard::kSlots)
+    if (g_.TakingScore || endingRound() || slot < 0 || slot >= TierfallBoard::kSlots)
         return;
     if (clicksRefused()) {
         PlayWaveFile("Chord.wav");
@@ -197,7 +212,7 @@ void frmTierfall::FieldCardPicture_Click(int slot) {
 }
 
 void frmTierfall::UpCardPicture_Click() {
-    if (g_.TakingScore)
+    if (g_.TakingScore || endingRound())
         return;
     if (clicksRefused() || board.upCardEmpty()) {
         PlayWaveFile("Chord.wav");
@@ -220,7 +235,7 @@ void frmTierfall::UpCardPicture_Click() {
 }
 
 void frmTierfall::PlayCardPicture_Click() {
-    if (g_.TakingScore)
+    if (g_.TakingScore || endingRound())
         return;
     // A draw made for the player after a combination used the last up card is silent.
     const bool quiet = board.UpCardUsed;
@@ -247,13 +262,16 @@ bool frmTierfall::MoveUpCardToFieldArea() {
     FieldCardPicture[slot]->setVisible(face_ != BoardFace::Hidden);
     ChargeMove(slot);
     lblCurrentScore.setCaption(formatScore(g_.Score));
+    UpdateUpCardTip();
     return true;
 }
 
 void frmTierfall::CheckTotal() {
     const TierfallBoard::Combination made = board.takeCombination();
-    if (!made.made)
+    if (!made.made) {
+        UpdateUpCardTip();
         return;
+    }
     PlayWaveFile("TwentyOne.wav");
     PayCombination(made);
     PaintBoard();
@@ -267,24 +285,41 @@ void frmTierfall::CheckTotal() {
     lblCurrentTotal.setCaption("0");
     lblCurrentScore.setCaption(formatScore(g_.Score));
 
-    if (CheckForCompletion() && cmdTakeScore && cmdTakeScore->Click) {
-        auto takeScore = cmdTakeScore->Click;
-        takeScore();
-    }
-    if (board.UpCardUsed && board.upCardEmpty())
+    // A cleared board ends the round; the next one comes with an up card of its own.
+    if (CheckForCompletion())
+        cmdTakeScore_Click();
+    else if (board.UpCardUsed && board.upCardEmpty())
         PlayCardPicture_Click();
     board.UpCardUsed = false;
+    UpdateUpCardTip();
 }
 
 void frmTierfall::PayCombination(const TierfallBoard::Combination& combination) {
-    // What a card is worth depends on the scoring mode, which is not in yet: until then a
-    // combination leaves Score as it stands.
-    (void)combination;
+    const bool enhanced = values().EnhancedScoring;
+    std::int64_t points = 0;
+    if (combination.upCard)
+        points += TierfallUpCardValue(combination.lowestEmptyBefore, enhanced);
+    for (int slot : combination.slots)
+        points += TierfallCardValue(slot, enhanced);
+    addToScore(g_.Score, points);
+    if (enhanced)
+        Timer1.start();  // the enhanced clock runs from the first combination
 }
 
 void frmTierfall::ChargeMove(int slot) {
-    // Likewise the points a card costs when it goes back onto the board.
-    (void)slot;
+    addToScore(g_.Score, -TierfallMoveCost(slot, values().EnhancedScoring));
+}
+
+void frmTierfall::UpdateUpCardTip() {
+    if (!values().EnhancedScoring) {
+        UpCardPicture.setToolTipText(PointsText(TierfallUpCardValue(-1, false)));
+        return;
+    }
+    UpCardPicture.setToolTipText(PointsText(TierfallUpCardValue(board.lowestEmptySlot(), true)));
+}
+
+void frmTierfall::ScoreChanged() {
+    lblCurrentScore.setForeColor(g_.Score >= 0 ? colors::Blue : colors::Red);
 }
 
 // ---- Showing and hiding

@@ -1,9 +1,11 @@
 #pragma once
 // Tierfall's form: 22 cards in six tiers, the draw pile and the up card on the
-// shared frame. The rules live in TierfallBoard; this class paints them, plays
-// the sounds and answers the clicks.
+// shared frame. The rules of the board live in TierfallBoard and the card values
+// in modTierfall; this class paints them, plays the sounds, answers the clicks
+// (frmTierfall.cpp) and runs the game's own rounds and payments (TierfallRound.cpp).
 
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,8 +19,9 @@ public:
     frmTierfall(Program& prog, const GameInfo& info);
 
     TierfallBoard board;
-    // The deck as dealt in each round, for replay and saved games.
-    std::array<std::vector<std::string>, 3> RoundDecks;
+    // The game's program-wide values: scoring, card goal, replay and the round decks.
+    TierfallValues& values() { return g_.Tierfall; }
+    const TierfallValues& values() const { return g_.Tierfall; }
 
     // ---- Controls
     std::array<Control*, TierfallBoard::kSlots> FieldCardPicture{};
@@ -37,22 +40,43 @@ public:
     Shape& ElevensBevelBottom;
     Control& lblElevens;
     Control& lblCurrentElevens;
+    // Saving, opening and the card goal come with the options; until then they are absent.
+    Menu* mnuSave = nullptr;
+    Menu* mnuOpen = nullptr;
+    Menu* mnuGoal = nullptr;
 
     // ---- Frame hooks
-    // Builds the deck for the card goal, shuffles it and deals the round.
-    void Deal() override;
-    // Paused: the board shows its backs. Otherwise false hides the board and the lower cards.
     void ShowCards(bool visible) override;
     void ShowControls(bool visible, bool second) override;
     void HideSelection() override;
     void RefreshPlayCard() override;
     void RefreshBoardBacks() override;
     void LayoutBoard(int left, int top, int width, int height) override;
+    void SetGameDefaults() override;
+    void CheckForCustom() override;
+    void SettingsApplied() override;
+    void cmdPlay_Click() override;
+    void mnuPlay_Click() override;
+    void cmdTakeScore_Click() override;
+    void mnuTakeScore_Click() override;
+    void HideBoardAtTimeOut() override;
+    void TakeScoreAtTimeOut() override;
+    void TakeScore() override;
+    void RankFinalScore() override;
 
-    // ---- The game's routines
+    // ---- Rounds and scoring (TierfallRound.cpp)
+    // A new game, or the replay of the last: false when it couldn't start (the form is gone).
+    bool Play();
+    // A game ended by the player: nothing is recorded.
+    void EndGame();
+    // Each card's tooltip shows its value in the mode.
+    void SetCardValues(bool enhanced);
+    void DisableCommandButtons(bool disable);
+
+    // ---- The board (frmTierfall.cpp)
     bool CreateElevensDeck();
-    // Deals from Deck as it stands; false after "Unable to deal the cards.".
-    bool DealRound();
+    // Deals Deck as it stands; false after "Unable to deal the cards.".
+    bool Deal(bool newGame = false);
     bool CheckLegalFieldCardMove(int slot) const { return board.legal(slot); }
     bool CheckForCompletion() const { return board.complete(); }
     void FieldCardPicture_Click(int slot);
@@ -75,9 +99,38 @@ public:
 private:
     enum class BoardFace { Hidden, Backs, Faces };
 
-    // Call points for the scoring modes: what a combination pays and a move costs.
+    // What a combination pays and what a card costs when it goes back onto the board.
     void PayCombination(const TierfallBoard::Combination& combination);
     void ChargeMove(int slot);
+    // The up card's tooltip: what it would score now.
+    void UpdateUpCardTip();
+    // lblCurrentScore_Change: blue at zero or more, red below.
+    void ScoreChanged();
+
+    // One of the four payments at the end of a round (TierfallRound.cpp).
+    struct Payment {
+        std::function<std::string(std::int64_t left)> text;  // lblMessage for what is to come
+        std::int64_t step = 0;
+        int steps = 0;
+        std::int64_t atOnce = 0;         // paid in one go when the count-up is off
+        std::function<void()> eachStep;  // what else moves with a step
+        std::function<void()> whole;     // what else changes when paid in one go
+    };
+    void Pay(const Payment& payment);
+    void PayCompletionBonus();
+    void PayCombinationBonus();
+    void PayCardBonus();
+    void PaySpeedBonus();
+    void PlayCommand(bool fromMenu);
+    void TakeScoreCommand(bool withMusic);
+    // The deck of a later round: the last game's when replaying and it reached that round.
+    void NextRoundDeck(int round);
+    void RoundTwo();
+    void BonusRound();
+    void ShowGameOver();
+    // mnuOpen, mnuTime, mnuGoal and mnuScoring: what may change between games.
+    void EnableGameOptions(bool enabled);
+    void AnnounceRound(const std::string& text);
 
     bool clicksRefused() const;
     void refreshPointers();

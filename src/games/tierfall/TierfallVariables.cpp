@@ -1,0 +1,69 @@
+// Tierfall's own variables for the driver's `get`: the scoring values kept
+// program-wide, and the board read from the form while it is loaded.
+
+#include "common/Program.h"
+#include "common/Variables.h"
+#include "games/tierfall/frmTierfall.h"
+
+namespace corvanna {
+
+namespace {
+
+using P = const Program&;
+
+const TierfallBoard& boardOf(P p) {
+    static const TierfallBoard none;  // no form: an empty board
+    const auto* form = dynamic_cast<const frmTierfall*>(p.findForm("frmTierfall"));
+    return form ? form->board : none;
+}
+
+std::string num(long long v) {
+    return std::to_string(v);
+}
+
+std::string flag(bool b) {
+    return b ? "True" : "False";
+}
+
+// Name(N) over an array that starts at `first`.
+template <class Array>
+bool at(const Array& a, int index, int first, std::string& out) {
+    if (index < first || index >= static_cast<int>(a.size()))
+        return false;
+    out = a[static_cast<std::size_t>(index)];
+    return true;
+}
+
+}  // namespace
+
+void addTierfallVariables() {
+    addVariable("CardGoal", [](P p) { return num(p.state.Tierfall.CardGoal); });
+    addVariable("EnhancedScoring", [](P p) { return flag(p.state.Tierfall.EnhancedScoring); });
+    addVariable("CompletionBonus", [](P p) { return num(p.state.Tierfall.CompletionBonus); });
+    addVariable("ElevensBonus", [](P p) { return num(p.state.Tierfall.ElevensBonus); });
+    addVariable("ElevensBonusES", [](P p) { return num(p.state.Tierfall.ElevensBonusES); });
+    addVariable("CardBonus", [](P p) { return num(p.state.Tierfall.CardBonus); });
+    addVariable("LastScore", [](P p) { return num(p.state.Tierfall.LastScore); });
+    addVariable("ReplayRequested", [](P p) { return flag(p.state.Tierfall.ReplayRequested); });
+    for (int round = 1; round <= 3; ++round) {
+        addIndexedVariable("Round" + std::to_string(round) + "Deck",
+                           [round](P p, int i, std::string& out) {
+                               return at(p.state.Tierfall.RoundDecks[round - 1], i, 1, out);
+                           });
+    }
+    addVariable("UpCount", [](P p) { return num(boardOf(p).UpCount); });
+    addVariable("PlayPileTop", [](P p) { return num(boardOf(p).PlayPileTop); });
+    addVariable("CardTotal", [](P p) { return num(boardOf(p).CardTotal); });
+    addVariable("GoalCount", [](P p) { return num(boardOf(p).GoalCount); });
+    addVariable("UpCardUsed", [](P p) { return flag(boardOf(p).UpCardUsed); });
+    addIndexedVariable("FieldCards", [](P p, int i, std::string& out) {
+        return at(boardOf(p).FieldCards, i, 0, out);
+    });
+    addIndexedVariable(
+        "UpCards", [](P p, int i, std::string& out) { return at(boardOf(p).UpCards, i, 0, out); });
+    addIndexedVariable("PlayPile", [](P p, int i, std::string& out) {
+        return at(boardOf(p).PlayPile, i, 0, out);
+    });
+}
+
+}  // namespace corvanna

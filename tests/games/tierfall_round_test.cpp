@@ -1,0 +1,592 @@
+// Tierfall's rounds played through on the virtual clock: what cards, combinations,
+// moves and the seconds left are worth in both scoring modes, worked out by hand
+// from a stacked deck; time out, the bonus round, game over, End Game and replay.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "common/FileStore.h"
+#include "games/TierfallTable.h"
+
+namespace corvanna {
+
+using namespace tierfall_test;
+
+namespace {
+
+// The round deck of these tests: slot s is Deck(s + 1), the up card Deck(23), the first
+// draw Deck(52), the second Deck(51).
+const std::map<int, std::string> kRoundStack{
+    {4, "4H"},    // slot 3, row 2
+    {8, "9C"},    // slot 7, row 3
+    {12, "7D"},   // slot 11, row 4
+    {13, "3D"},   // slot 12, row 4
+    {17, "8S"},   // slot 16, row 5
+    {18, "2D"},   // slot 17, row 5
+    {21, "5S"},   // slot 20, row 6
+    {22, "1S"},   // slot 21, row 6
+    {23, "6C"},   // the first up card
+    {51, "9D"},   // the second draw
+    {52, "10H"},  // the first draw
+};
+
+// Every caption a label takes, in order.
+struct Captions {
+    std::vector<std::string> seen;
+    explicit Captions(Control& c) {
+        c.subscribe([this](Control& ctl, Prop p) {
+            if (p == Prop::Caption)
+                seen.push_back(ctl.caption());
+        });
+    }
+    // The first caption starting with `first` and those after it that hold `within`.
+    std::vector<std::string> run(const std::string& first, const std::string& within) const {
+        std::vector<std::string> out;
+        for (const auto& s : seen) {
+            if (out.empty() ? s.rfind(first, 0) == 0 : s.find(within) != std::string::npos)
+                out.push_back(s);
+            else if (!out.empty())
+                break;
+        }
+        return out;
+    }
+    bool has(const std::string& caption) const {
+        return std::find(seen.begin(), seen.end(), caption) != seen.end();
+    }
+};
+
+struct Colours {
+    std::vector<Color> seen;
+    explicit Colours(Control& c) {
+        c.subscribe([this](Control& ctl, Prop p) {
+            if (p == Prop::ForeColor)
+                seen.push_back(ctl.foreColor());
+        });
+    }
+};
+
+constexpr Color kCyan = 0x00FFFF;
+
+int count(const Sounds& s, const std::string& name) {
+    return static_cast<int>(std::count(s.begin(), s.end(), name));
+}
+
+// Five combinations and a draw on kRoundStack, with the score after each step.
+std::vector<std::int32_t> playFiveCombinationsAndADraw(Table& x) {
+    std::vector<std::int32_t> scores;
+    x.card(20);  // 5S
+    x.up();      // + 6C, the only up card: 10H comes by itself
+    scores.push_back(x.g.Score);
+    x.up();      // 10H
+    x.card(21);  // + 1S; the next draw, 9D, comes by itself
+    scores.push_back(x.g.Score);
+    x.card(7);   // 9C
+    x.card(17);  // + 2D
+    scores.push_back(x.g.Score);
+    x.card(12);  // 3D
+    x.card(16);  // + 8S
+    scores.push_back(x.g.Score);
+    x.card(3);   // 4H
+    x.card(11);  // + 7D
+    scores.push_back(x.g.Score);
+    x.pile();  // 9D goes back onto the board, into slot 3
+    scores.push_back(x.g.Score);
+    return scores;
+}
+
+}  // namespace
+
+TEST(TierfallRound, StandardRoundByHandPaysRowsCombinationsAndSecondsLeft) {
+    Table x;
+    x.g.Tierfall.EnhancedScoring = false;
+    x.playStacked(kRoundStack);
+    EXPECT_EQ(x.f.FieldCardPicture[0]->toolTipText(), "700 points");
+    EXPECT_EQ(x.f.FieldCardPicture[21]->toolTipText(), "200 points");
+    EXPECT_EQ(x.f.UpCardPicture.toolTipText(), "100 points");
+
+    // Up card 100 + row 6 200; 100 + 200; rows 3 and 5 500 + 300; rows 4 and 5 400 + 300;
+    // rows 2 and 4 600 + 400; a card back onto the board costs 100.
+    EXPECT_EQ(playFiveCombinationsAndADraw(x),
+              (std::vector<std::int32_t>{300, 600, 1400, 2100, 3100, 3000}));
+    EXPECT_EQ(x.f.board.GoalCount, 5);
+    EXPECT_EQ(x.f.board.FieldCards[3], "9D");
+    EXPECT_EQ(x.f.UpCardPicture.toolTipText(), "100 points");
+    x.t.fake.advance(10000);  // the standard clock has run from the deal
+    EXPECT_EQ(x.g.ElapsedSeconds, 10);
+
+    Captions message(x.f.lblMessage);
+    Captions combos(x.f.lblCurrentElevens);
+    Colours scoreColour(x.f.lblCurrentScore);
+    Colours comboColour(x.f.lblCurrentElevens);
+    x.heard();
+    const auto before = x.t.fake.elapsedMs();
+    x.t.click("frmTierfall", "cmdTakeScore");
+    // 5 combinations at 1,500 and 80 seconds at 100.
+    EXPECT_EQ(x.g.Score, 3000 + 7500 + 8000);
+    EXPECT_EQ(message.run("5 Elevens!", "Elevens!"),
+              (std::vector<std::string>{"5 Elevens! Bonus = 7,500", "4 Elevens! Bonus = 6,000",
+                                        "3 Elevens! Bonus = 4,500", "2 Elevens! Bonus = 3,000",
+                                        "1 Elevens! Bonus = 1,500", "0 Elevens! Bonus = 0"}));
+    const auto speed = message.run("Speed Bonus! ", "Speed Bonus! ");
+    ASSERT_EQ(speed.size(), 81u);
+    EXPECT_EQ(speed.front(), "Speed Bonus! 8,000");
+    EXPECT_EQ(speed[1], "Speed Bonus! 7,900");
+    EXPECT_EQ(speed.back(), "Speed Bonus! 0");
+    EXPECT_TRUE(message.has("Prepare for Round Two!"));
+    EXPECT_EQ(combos.seen, (std::vector<std::string>{"4", "3", "2", "1", "0"}));
+    EXPECT_EQ(comboColour.seen, (std::vector<Color>{kCyan, colors::Blue}));
+    // Cyan while each payment is announced, blue from its first step.
+    EXPECT_EQ(scoreColour.seen, (std::vector<Color>{kCyan, colors::Blue, kCyan, colors::Blue}));
+    const Sounds heard = x.heard();
+    EXPECT_EQ(count(heard, "Snap.wav"), 5 + 80);
+    EXPECT_EQ(count(heard, "Wingame.wav"), 0);
+    // Each payment: 1 s shown, 75 ms a step, 0.5 s settling, 1 s standing; then 11 flashes.
+    EXPECT_EQ(x.t.fake.elapsedMs() - before,
+              (1000 + 5 * 75 + 500 + 1000) + (1000 + 80 * 75 + 500 + 1000) + 11 * 250);
+    EXPECT_EQ(x.g.ElapsedSeconds, 0);
+    EXPECT_EQ(x.g.RoundNumber, 2);
+    EXPECT_EQ(x.f.lblCurrentRound->caption(), "2");
+    EXPECT_EQ(x.f.lblCurrentScore.caption(), "18,500");
+    EXPECT_EQ(x.g.Tierfall.RoundDecks[0], stackedDeck(kRoundStack));
+    EXPECT_EQ(x.g.Tierfall.RoundDecks[1], x.g.Deck);
+    EXPECT_TRUE(x.t.fake.takeErrors().empty());
+}
+
+TEST(TierfallRound, EnhancedRoundByHandStartsTheClockAtTheFirstCombination) {
+    Table x;
+    x.playStacked(kRoundStack);
+    EXPECT_EQ(x.f.FieldCardPicture[0]->toolTipText(), "600 points");
+    EXPECT_EQ(x.f.FieldCardPicture[21]->toolTipText(), "100 points");
+    EXPECT_EQ(x.f.UpCardPicture.toolTipText(), "0 points");
+    x.t.fake.advance(5000);
+    EXPECT_EQ(x.g.ElapsedSeconds, 0);
+    EXPECT_EQ(x.f.lblTime.caption(), "Time: 90");
+
+    // The up card is worth the row of the lowest gap before the cards leave: nothing on a
+    // full board, then row 6's 100. Rows: 6 100, 5 200, 4 300, 3 400, 2 500. The card put
+    // back into slot 3 costs row 2's 500.
+    EXPECT_EQ(playFiveCombinationsAndADraw(x),
+              (std::vector<std::int32_t>{100, 300, 900, 1400, 2200, 1700}));
+    EXPECT_EQ(x.f.UpCardPicture.toolTipText(), "400 points");  // the gap at 7 now
+    x.t.fake.advance(10000);
+    EXPECT_EQ(x.g.ElapsedSeconds, 10);
+    Captions message(x.f.lblMessage);
+    x.t.click("frmTierfall", "cmdTakeScore");
+    // 5 combinations at 1,000 and 80 seconds at 100.
+    EXPECT_EQ(x.g.Score, 1700 + 5000 + 8000);
+    EXPECT_EQ(message.run("5 Elevens!", "Elevens!").front(), "5 Elevens! Bonus = 5,000");
+    EXPECT_TRUE(message.run("Card Bonus!", "Card Bonus!").empty());  // the board wasn't cleared
+    EXPECT_EQ(x.g.RoundNumber, 2);
+    // Round two waits for its first combination too.
+    x.t.fake.advance(5000);
+    EXPECT_EQ(x.g.ElapsedSeconds, 0);
+    EXPECT_EQ(x.f.UpCardPicture.toolTipText(), "0 points");
+    EXPECT_TRUE(x.t.fake.takeErrors().empty());
+}
+
+}  // namespace corvanna
+
+namespace corvanna {
+
+using namespace tierfall_test;
+
+namespace {
+
+// Everything above the bottom tier already played away: 20 and 21 clear the board.
+void leaveTheBottomTier(Table& x) {
+    for (int s = 0; s < 20; ++s)
+        x.f.board.cardPresent[s] = false;
+    x.f.PaintBoard();
+}
+
+}  // namespace
+
+TEST(TierfallRound, ClearedBoardPaysCompletionCombinationsCardsLeftAndSeconds) {
+    // kStack's bottom tier is 5S and 6H; the pile holds 30 cards.
+    struct Case {
+        bool enhanced;
+        bool countDown;
+        std::int32_t completion;
+        std::int32_t expected;
+    };
+    const Case cases[] = {
+        // Rows of 100; 10,000; one combination 1,000; 30 cards at 1,000; 90 seconds at 100.
+        {true, true, 10000, 200 + 10000 + 1000 + 30000 + 9000},
+        // The count-up pays ten whole tenths of the completion bonus; at once, all of it.
+        {true, true, 10005, 200 + 10000 + 1000 + 30000 + 9000},
+        {true, false, 10005, 200 + 10005 + 1000 + 30000 + 9000},
+        // Standard: rows of 200, one combination 1,500 and no card bonus.
+        {false, true, 10000, 400 + 10000 + 1500 + 9000},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::to_string(c.enhanced) + std::to_string(c.countDown) +
+                     std::to_string(c.completion));
+        Table x;
+        x.g.Tierfall.EnhancedScoring = c.enhanced;
+        x.g.Tierfall.CompletionBonus = c.completion;
+        x.g.CountDownScore = c.countDown;
+        x.playStacked();
+        leaveTheBottomTier(x);
+        Captions message(x.f.lblMessage);
+        const auto before = x.t.fake.elapsedMs();
+        x.card(20);
+        x.card(21);  // the board is empty: the round ends at once
+        EXPECT_EQ(x.g.Score, c.expected);
+        EXPECT_EQ(x.g.RoundNumber, 2);
+        const Sounds heard = x.heard();
+        EXPECT_EQ(count(heard, "Wingame.wav"), 1);
+        const auto completion = message.run("Completion Bonus! ", "Completion Bonus! ");
+        const auto cards = message.run("Card Bonus! ", "Card Bonus! ");
+        if (c.countDown) {
+            ASSERT_EQ(completion.size(), 11u);
+            EXPECT_EQ(completion.front(), "Completion Bonus! 10,000");
+            EXPECT_EQ(completion[1], "Completion Bonus! 9,000");
+            EXPECT_EQ(completion.back(), "Completion Bonus! 0");
+            EXPECT_EQ(message.run("1 Elevens!", "Elevens!"),
+                      (std::vector<std::string>{
+                          c.enhanced ? "1 Elevens! Bonus = 1,000" : "1 Elevens! Bonus = 1,500",
+                          "0 Elevens! Bonus = 0"}));
+            EXPECT_EQ(count(heard, "Snap.wav"), 10 + 1 + (c.enhanced ? 30 : 0) + 90);
+        } else {
+            EXPECT_EQ(completion, (std::vector<std::string>{"Completion Bonus! 10,005"}));
+            EXPECT_EQ(count(heard, "Snap.wav"), 0);
+            // Four payments, each shown 1 s and standing 1 s; then 11 flashes.
+            EXPECT_EQ(x.t.fake.elapsedMs() - before, 4 * 2000 + 11 * 250);
+        }
+        if (c.enhanced && c.countDown) {
+            ASSERT_EQ(cards.size(), 31u);
+            EXPECT_EQ(cards.front(), "Card Bonus! 30,000");
+            EXPECT_EQ(cards.back(), "Card Bonus! 0");
+        }
+        EXPECT_EQ(cards.empty(), !c.enhanced);
+        EXPECT_TRUE(x.t.fake.takeErrors().empty());
+    }
+}
+
+TEST(TierfallRound, CombinationBonusIsNamedByTheGoal) {
+    Table x;
+    x.g.Tierfall.CardGoal = 12;
+    x.t.click("frmTierfall", "cmdPlay");
+    EXPECT_EQ(x.f.lblElevens.caption(), "Twelves:");
+    EXPECT_EQ(x.f.lblCardCount.caption(), "Cards: 34");
+    EXPECT_EQ(x.f.StatusBar1.panelText(2), "Click on exposed cards to total 12!   ");
+    // Only 5S and 7H left on the board.
+    for (int s = 0; s < 20; ++s)
+        x.f.board.cardPresent[s] = false;
+    x.f.board.FieldCards[20] = "5S";
+    x.f.board.FieldCards[21] = "7H";
+    x.f.PaintBoard();
+    Captions message(x.f.lblMessage);
+    x.card(20);
+    x.card(21);
+    EXPECT_EQ(message.run("1 Twelves!", "Twelves!"),
+              (std::vector<std::string>{"1 Twelves! Bonus = 1,000", "0 Twelves! Bonus = 0"}));
+    // 34 cards left in the larger pile.
+    EXPECT_EQ(x.g.Score, 200 + 10000 + 1000 + 34000 + 9000);
+}
+
+TEST(TierfallRound, TimeOutKeepsTheBoardInViewUnderTimesUpAndPaysNoSeconds) {
+    for (const bool enhanced : {false, true}) {
+        SCOPED_TRACE(enhanced ? "enhanced" : "standard");
+        Table x;
+        x.g.Tierfall.EnhancedScoring = enhanced;
+        x.t.click("frmTierfall", "mnu30");
+        x.playStacked();
+        if (enhanced) {
+            x.card(20);
+            x.card(21);  // 5S + 6H: rows of 100, and the clock starts
+            ASSERT_EQ(x.g.Score, 200);
+        }
+        x.card(7);  // 9C stays selected
+        std::set<int> shownAtTimesUp;
+        bool lowerShown = true, playEnabled = true, framed = true;
+        x.f.lblMessage.subscribe([&](Control& c, Prop p) {
+            if (p != Prop::Caption || c.caption() != "Times Up!")
+                return;
+            shownAtTimesUp = x.shown();
+            lowerShown = x.f.UpCardPicture.visible() || x.f.PlayCardPicture.visible();
+            playEnabled = x.f.cmdPlay.enabled() || x.f.cmdTakeScore->enabled();
+            framed = x.f.FieldSelectionRectangle[7]->visible();
+        });
+        Captions message(x.f.lblMessage);
+        x.t.fake.advance(29000);
+        EXPECT_TRUE(x.f.FieldSelectionRectangle[7]->visible());
+        x.t.fake.advance(1000);
+        EXPECT_EQ(shownAtTimesUp, allSlotsBut(enhanced ? std::set<int>{20, 21} : std::set<int>{}));
+        EXPECT_FALSE(lowerShown);
+        EXPECT_FALSE(playEnabled);
+        EXPECT_FALSE(framed);
+        EXPECT_EQ(x.f.StatusBar1.panelText(2), "Click on exposed cards to total 11!   ");
+        EXPECT_TRUE(message.run("Speed Bonus!", "Speed Bonus!").empty());
+        // The one combination of the enhanced round is paid; no seconds are left.
+        EXPECT_EQ(x.g.Score, enhanced ? 200 + 1000 : 0);
+        EXPECT_EQ(x.g.RoundNumber, 2);
+        EXPECT_EQ(x.f.board.CardTotal, 0);
+        EXPECT_EQ(x.f.lblCurrentTotal.caption(), "0");
+        for (int s = 0; s < TierfallBoard::kSlots; ++s)
+            EXPECT_FALSE(x.f.FieldSelectionRectangle[s]->visible());
+        EXPECT_EQ(x.shown(), allSlotsBut({}));
+        EXPECT_FALSE(x.f.lblMessage.visible());
+        EXPECT_TRUE(x.f.cmdTakeScore->enabled());
+        EXPECT_TRUE(x.t.fake.takeErrors().empty());
+    }
+}
+
+TEST(TierfallRound, TakeScoreAtOncePaysTheWholeRoundAndClicksDuringPaymentsFindNothing) {
+    Table x;
+    x.playStacked();
+    // Made during the payments: held, and delivered while the score is still being taken.
+    int delivered = 0;
+    for (Control* c : std::initializer_list<Control*>{x.f.cmdTakeScore, &x.f.cmdPause, &x.f.cmdPlay,
+                                                      x.f.FieldCardPicture[20]}) {
+        x.t.fake.post([&, c] {
+            ++delivered;
+            if (c->Click)
+                c->Click();
+        });
+    }
+    x.t.click("frmTierfall", "cmdTakeScore");
+    EXPECT_EQ(delivered, 4);
+    EXPECT_EQ(x.g.Score, 90 * 100);
+    EXPECT_EQ(x.g.RoundNumber, 2);
+    EXPECT_FALSE(x.f.isPaused());
+    EXPECT_TRUE(x.g.GameInProgress);
+    EXPECT_EQ(x.f.board.CardTotal, 0);
+    EXPECT_FALSE(x.f.FieldSelectionRectangle[20]->visible());
+    EXPECT_TRUE(x.t.fake.messages().empty());
+    // A double click is one click: the card is selected once.
+    EXPECT_TRUE(userClick(*x.f.FieldCardPicture[20]));
+    EXPECT_TRUE(userDblClick(*x.f.FieldCardPicture[20]));
+    EXPECT_TRUE(x.f.FieldSelectionRectangle[20]->visible());
+}
+
+}  // namespace corvanna
+
+namespace corvanna {
+
+using namespace tierfall_test;
+
+TEST(TierfallRound, BonusRoundAtTheBonusScoreAndGameOverOnePointBelow) {
+    // Take Score at once in both rounds: 90 seconds at 100 each time, 18,000 in all.
+    for (const std::int32_t needed : {18000, 18001}) {
+        SCOPED_TRACE(needed);
+        TestProgram t;
+        auto& f = static_cast<frmTierfall&>(t.openGame("frmTierfall"));
+        auto& g = t.prog.state;
+        g.BonusRoundScore = needed;
+        t.click("frmTierfall", "cmdPlay");
+        t.click("frmTierfall", "cmdTakeScore");
+        ASSERT_EQ(g.RoundNumber, 2);
+        Captions message(f.lblMessage);
+        t.fake.takeLog();
+        t.click("frmTierfall", "cmdTakeScore");
+        EXPECT_EQ(g.Score, 18000);
+        const auto log = t.fake.takeLog();
+        if (needed == 18000) {
+            EXPECT_EQ(g.RoundNumber, 3);
+            EXPECT_EQ(f.lblCurrentRound->caption(), "Bonus");
+            EXPECT_TRUE(message.has("Bonus Round!"));
+            EXPECT_EQ(count(sounds(log), "HighScore.wav"), 1);
+            EXPECT_TRUE(g.GameInProgress);
+            EXPECT_TRUE(f.cmdPause.enabled());
+            // The bonus round ends the game whatever the score; the boxes stay.
+            t.click("frmTierfall", "cmdTakeScore");
+            EXPECT_EQ(g.Score, 27000);
+            EXPECT_TRUE(f.lblTime.visible());
+            EXPECT_TRUE(f.lblCurrentRound->visible());
+            EXPECT_TRUE(f.lblCurrentElevens.visible());
+            EXPECT_TRUE(f.lblHighScore.visible());
+        } else {
+            EXPECT_FALSE(message.has("Bonus Round!"));
+            // Ended after round two: the clock, round and goal boxes go, and the high score.
+            EXPECT_FALSE(f.lblTime.visible());
+            EXPECT_FALSE(f.lblCurrentRound->visible());
+            EXPECT_FALSE(f.lblCurrentElevens.visible());
+            EXPECT_FALSE(f.lblHighScore.visible());
+        }
+        EXPECT_FALSE(g.GameInProgress);
+        EXPECT_EQ(g.RoundNumber, 1);
+        EXPECT_EQ(g.Tierfall.LastScore, g.Score);
+        EXPECT_EQ(f.StatusBar1.panelText(2), "Game over");
+        EXPECT_EQ(f.lblMessage.caption(), "Game Over");
+        EXPECT_FALSE(f.lblMessage.visible());
+        EXPECT_TRUE(f.frmSplash.visible());
+        EXPECT_TRUE(t.fake.isRunning(f.Timer4));
+        EXPECT_FALSE(t.fake.isRunning(f.Timer1));
+        EXPECT_TRUE(shownCards(f).empty());
+        EXPECT_FALSE(f.UpCardPicture.visible());
+        EXPECT_EQ(f.cmdPlay.caption(), "&Play");
+        EXPECT_EQ(f.mnuPlay.caption(), "&Play");
+        EXPECT_EQ(f.cmdTakeScore->caption(), "&Replay");
+        EXPECT_EQ(f.mnuTakeScore->caption(), "&Replay");
+        EXPECT_EQ(f.cmdTakeScore->toolTipText(), "Replays the last game");
+        EXPECT_TRUE(f.cmdTakeScore->enabled());
+        EXPECT_TRUE(f.mnuTakeScore->enabled());
+        EXPECT_FALSE(f.cmdPause.enabled());
+        EXPECT_FALSE(f.mnuPause.enabled());
+        EXPECT_TRUE(f.mnuTime.enabled());
+        EXPECT_TRUE(f.mnuCustom.enabled());
+        // Below the seeded 50,000: ranked in the enhanced table of goal 11, not entered.
+        EXPECT_TRUE(fileExists(t.prog.filePath("ES Tierfall Hi Score Table 11_90.Txt")));
+        EXPECT_FALSE(fileExists(t.prog.filePath("Tierfall Hi Score Table 11_90.Txt")));
+        EXPECT_EQ(f.lblHighScore.caption(), "High Score: 50,000");
+        // Clicks after the game is over are refused.
+        t.fake.takeLog();
+        f.FieldCardPicture_Click(20);
+        f.UpCardPicture_Click();
+        EXPECT_EQ(sounds(t.fake.takeLog()), (Sounds{"Chord.wav", "Chord.wav"}));
+        EXPECT_TRUE(t.fake.takeErrors().empty());
+    }
+}
+
+}  // namespace corvanna
+
+namespace corvanna {
+
+using namespace tierfall_test;
+
+TEST(TierfallRound, ReplayDealsTheLastGamesDecksAndShufflesARoundItNeverReached) {
+    Table x;
+    x.t.click("frmTierfall", "cmdPlay");
+    x.t.click("frmTierfall", "cmdTakeScore");
+    x.t.click("frmTierfall", "cmdTakeScore");  // 18,000: game over after round two
+    ASSERT_FALSE(x.g.GameInProgress);
+    const auto decks = x.g.Tierfall.RoundDecks;
+    EXPECT_NE(decks[0], decks[1]);
+    EXPECT_EQ(decks[2], std::vector<std::string>(53));  // never reached: blanks
+
+    x.g.BonusRoundScore = 18000;               // the replay earns the bonus round
+    x.t.click("frmTierfall", "cmdTakeScore");  // "&Replay"
+    EXPECT_TRUE(x.g.GameInProgress);
+    EXPECT_TRUE(x.g.Tierfall.ReplayRequested);
+    EXPECT_EQ(x.g.Tierfall.LastScore, 18000);
+    EXPECT_EQ(x.g.Score, 0);
+    EXPECT_EQ(x.f.cmdPlay.caption(), "&End Game");
+    EXPECT_EQ(x.f.cmdTakeScore->caption(), "&Take Score");
+    EXPECT_FALSE(x.f.frmSplash.visible());
+    for (int s = 0; s < TierfallBoard::kSlots; ++s)
+        EXPECT_EQ(x.f.board.FieldCards[s], decks[0][s + 1]);
+    x.t.click("frmTierfall", "cmdTakeScore");
+    EXPECT_EQ(x.g.Deck, decks[1]);
+    EXPECT_EQ(x.f.board.FieldCards[0], decks[1][1]);
+    x.t.click("frmTierfall", "cmdTakeScore");
+    ASSERT_EQ(x.g.RoundNumber, 3);
+    EXPECT_FALSE(x.g.Tierfall.ReplayRequested);
+    EXPECT_EQ(x.g.Tierfall.RoundDecks[2], x.g.Deck);
+    EXPECT_NE(x.g.Deck, decks[1]);  // shuffled anew
+}
+
+TEST(TierfallRound, ReplayUnderANewGoalDealsTheOldDecks) {
+    Table x;
+    x.t.click("frmTierfall", "cmdPlay");
+    x.t.click("frmTierfall", "cmdTakeScore");
+    x.t.click("frmTierfall", "cmdTakeScore");
+    const auto first = x.g.Tierfall.RoundDecks[0];
+    x.g.Tierfall.CardGoal = 12;
+    x.t.click("frmTierfall", "cmdTakeScore");
+    EXPECT_EQ(x.g.Deck, first);  // 52 cards, no jacks
+    EXPECT_EQ(x.f.board.CardGoal, 12);
+    EXPECT_EQ(x.f.lblElevens.caption(), "Twelves:");
+    EXPECT_EQ(x.f.lblCardCount.caption(), "Cards: 30");
+    EXPECT_EQ(x.f.StatusBar1.panelText(2), "Click on exposed cards to total 12!   ");
+}
+
+TEST(TierfallRound, EndGameAsksFirstRecordsNothingAndOffersReplay) {
+    TestProgram t;
+    auto& f = static_cast<frmTierfall&>(t.openGame("frmTierfall"));
+    auto& g = t.prog.state;
+    t.click("frmTierfall", "mnuMusic");
+    // From the menu the tune waits; from the button it starts.
+    t.click("frmTierfall", "mnuPlay");
+    EXPECT_EQ(f.cmdPlay.caption(), "&End Game");
+    EXPECT_EQ(f.cmdPlay.toolTipText(), "Ends the game in progress");
+    EXPECT_FALSE(f.frmSplash.visible());
+    const auto log = t.fake.takeLog();
+    EXPECT_EQ(std::count(log.begin(), log.end(), "music start Orlund.MID"), 0);
+
+    // Answered No: paused for the question, then on as before.
+    Captions message(f.lblMessage);
+    t.fake.queueAnswer(MsgResult::No);
+    t.click("frmTierfall", "mnuPlay");
+    EXPECT_EQ(t.fake.messages().back(),
+              "You have a game in progress, are you sure you want to restart now?");
+    EXPECT_EQ(message.seen, (std::vector<std::string>{"Game Paused", ""}));
+    EXPECT_TRUE(g.GameInProgress);
+    EXPECT_FALSE(f.isPaused());
+    EXPECT_EQ(f.cmdPlay.caption(), "&End Game");
+
+    g.Score = 4321;
+    t.fake.queueAnswer(MsgResult::Yes);
+    t.fake.takeLog();
+    t.click("frmTierfall", "cmdPlay");
+    EXPECT_EQ(t.fake.messages().back(),
+              "You have a game in progress, are you sure you want to quit now?");
+    EXPECT_FALSE(g.GameInProgress);
+    EXPECT_EQ(g.Tierfall.LastScore, 4321);
+    EXPECT_EQ(g.Score, 0);
+    EXPECT_EQ(f.lblCurrentScore.caption(), "0");
+    EXPECT_EQ(f.cmdPlay.caption(), "&Play");
+    EXPECT_EQ(f.cmdPlay.toolTipText(), "Starts a new game");
+    EXPECT_EQ(f.cmdTakeScore->caption(), "&Replay");
+    EXPECT_EQ(f.cmdTakeScore->toolTipText(), "Replays the last game");
+    EXPECT_TRUE(f.cmdTakeScore->enabled());
+    EXPECT_FALSE(f.cmdPause.enabled());
+    EXPECT_FALSE(f.mnuPause.enabled());
+    EXPECT_TRUE(f.mnuTime.enabled());
+    EXPECT_TRUE(f.frmSplash.visible());
+    EXPECT_TRUE(t.fake.isRunning(f.Timer4));
+    EXPECT_FALSE(t.fake.isRunning(f.Timer1));
+    EXPECT_FALSE(f.lblHighScore.visible());
+    EXPECT_FALSE(f.lblTime.visible());
+    EXPECT_EQ(f.lblTime.caption(), "Time:");
+    EXPECT_FALSE(f.lblCurrentTotal.visible());
+    EXPECT_TRUE(shownCards(f).empty());
+    const auto after = t.fake.takeLog();
+    EXPECT_NE(std::find(after.begin(), after.end(), "music stop"), after.end());
+    // Nothing was recorded, and the button starts the tune with the next game.
+    EXPECT_EQ(t.prog.state.NewHighScoreRow, -1);
+    t.click("frmTierfall", "cmdPlay");
+    const auto again = t.fake.takeLog();
+    EXPECT_NE(std::find(again.begin(), again.end(), "music start Orlund.MID"), again.end());
+    EXPECT_TRUE(t.fake.takeErrors().empty());
+}
+
+TEST(TierfallRound, ScoreBelowZeroStandsInRed) {
+    for (const bool enhanced : {false, true}) {
+        Table x;
+        x.g.Tierfall.EnhancedScoring = enhanced;
+        x.playStacked();
+        x.f.board.cardPresent[5] = false;  // a gap in row 3
+        x.f.PaintBoard();
+        x.pile();  // 6C goes into it: 100 standard, row 3's 400 enhanced
+        EXPECT_EQ(x.g.Score, enhanced ? -400 : -100);
+        EXPECT_EQ(x.f.lblCurrentScore.caption(), enhanced ? "-400" : "-100");
+        EXPECT_EQ(x.f.lblCurrentScore.foreColor(), colors::Red);
+        x.card(20);
+        x.card(21);  // 5S + 6H: rows of 100 or 200
+        EXPECT_EQ(x.g.Score, enhanced ? -200 : 300);
+        EXPECT_EQ(x.f.lblCurrentScore.foreColor(), enhanced ? colors::Red : colors::Blue);
+    }
+}
+
+TEST(TierfallRound, AReplayThatCannotBeDealtSaysSoAndLeavesTheForm) {
+    TestProgram t;
+    t.openGame("frmTierfall");
+    auto& g = t.prog.state;
+    // A damaged last game: its first deck is too short for a board.
+    g.Tierfall.ReplayRequested = true;
+    g.Tierfall.RoundDecks[0] = {"", "1S", "2S"};
+    t.fake.queueAnswer(MsgResult::OK);
+    t.fake.queueAnswer(MsgResult::OK);
+    t.click("frmTierfall", "cmdPlay");
+    EXPECT_EQ(t.fake.messages(), (std::vector<std::string>{"Unable to deal the cards.",
+                                                           "Unknown Error! Unable to play "
+                                                           "Tierfall!"}));
+    EXPECT_EQ(t.prog.findForm("frmTierfall"), nullptr);
+    EXPECT_TRUE(t.select.visible());
+    EXPECT_FALSE(g.GameInProgress);
+    EXPECT_TRUE(t.fake.takeErrors().empty());
+}
+
+}  // namespace corvanna
