@@ -77,9 +77,16 @@ namespace corvanna {
 
 std::string Program::shippedFile(const std::string& plainName) {
     const std::string inData = filePath(plainName);
-    std::error_code ec;
-    if (std::filesystem::exists(inData, ec) || assetsDir_.empty())
+    if (assetsDir_.empty())
         return inData;
+    // A sound plays hundreds of times a game: the file is looked for once.
+    if (shippedFound_.count(plainName))
+        return inData;
+    std::error_code ec;
+    if (std::filesystem::exists(inData, ec)) {
+        shippedFound_.insert(plainName);
+        return inData;
+    }
     const std::string shipped = assetsDir_ + "/" + plainName;
     if (!std::filesystem::exists(shipped, ec))
         return inData;
@@ -90,8 +97,10 @@ std::string Program::shippedFile(const std::string& plainName) {
                                    std::filesystem::copy_options::overwrite_existing, ec);
         if (!ec)
             std::filesystem::rename(partial, inData, ec);
-        if (!ec)
+        if (!ec) {
+            shippedFound_.insert(plainName);
             return inData;
+        }
         std::filesystem::remove(partial, ec);
     }
     return shipped;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -78,6 +79,7 @@ private:
     std::string dataDir_;
     std::string assetsDir_;
     bool dataDirUsable_ = true;
+    std::set<std::string> shippedFound_;  // program files already in the data folder
     std::vector<std::unique_ptr<Form>> forms_;
     std::vector<std::unique_ptr<Form>> unloaded_;
 };

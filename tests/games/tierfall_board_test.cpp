@@ -148,7 +148,7 @@ TEST(TierfallBoard, TotalStaysWithinGoalAndAGoalTakesTheSelectedCards) {
     const auto c = b.takeCombination();
     EXPECT_TRUE(c.made);
     EXPECT_FALSE(c.upCard);
-    EXPECT_EQ(c.slots, (std::vector<int>{20, 21}));
+    EXPECT_EQ(c.boardSlots, (std::vector<int>{20, 21}));
     EXPECT_EQ(c.lowestEmptyBefore, -1);
     EXPECT_FALSE(b.cardPresent[20]);
     EXPECT_FALSE(b.cardPresent[21]);

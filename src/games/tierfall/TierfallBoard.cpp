@@ -158,7 +158,7 @@ TierfallBoard::Combination TierfallBoard::takeCombination() {
     }
     for (int s = 0; s < kSlots; ++s) {
         if (selected[s]) {
-            c.slots.push_back(s);
+            c.boardSlots.push_back(s);
             selected[s] = false;
             cardPresent[s] = false;
         }

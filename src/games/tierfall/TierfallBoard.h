@@ -77,10 +77,10 @@ public:
     // The cards that reached the goal, as they leave.
     struct Combination {
         bool made = false;
-        bool upCard = false;         // the up card was one of them
-        std::string upCardCode;      // the up card that was used
-        std::vector<int> slots;      // board slots, rising
-        int lowestEmptyBefore = -1;  // lowest gap before these cards left
+        bool upCard = false;          // the up card was one of them
+        std::string upCardCode;       // the up card that was used
+        std::vector<int> boardSlots;  // rising; "slots" is a word Qt keeps for itself
+        int lowestEmptyBefore = -1;   // lowest gap before these cards left
     };
     // CheckTotal's removal: when CardTotal equals the goal, the selected cards leave,
     // the up card stack drops by one if it was used, and GoalCount rises.

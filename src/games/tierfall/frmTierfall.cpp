@@ -276,7 +276,7 @@ void frmTierfall::CheckTotal() {
     PayCombination(made);
     PaintBoard();
     // The cards a leaving card lay over are painted again at once.
-    for (int slot : made.slots)
+    for (int slot : made.boardSlots)
         for (int s = 0; s < TierfallBoard::kSlots; ++s)
             for (int cover : TierfallBoard::slot(s).coveredBy)
                 if (cover == slot)
@@ -299,7 +299,7 @@ void frmTierfall::PayCombination(const TierfallBoard::Combination& combination) 
     std::int64_t points = 0;
     if (combination.upCard)
         points += TierfallUpCardValue(combination.lowestEmptyBefore, enhanced);
-    for (int slot : combination.slots)
+    for (int slot : combination.boardSlots)
         points += TierfallCardValue(slot, enhanced);
     addToScore(g_.Score, points);
     if (enhanced)
