@@ -116,6 +116,7 @@ TEST(TierfallRound, StandardRoundByHandPaysRowsCombinationsAndSecondsLeft) {
     EXPECT_EQ(x.g.ElapsedSeconds, 10);
 
     Captions message(x.f.lblMessage);
+    Captions time(x.f.lblTime);
     Captions combos(x.f.lblCurrentElevens);
     Colours scoreColour(x.f.lblCurrentScore);
     Colours comboColour(x.f.lblCurrentElevens);
@@ -134,6 +135,11 @@ TEST(TierfallRound, StandardRoundByHandPaysRowsCombinationsAndSecondsLeft) {
     EXPECT_EQ(speed[1], "Speed Bonus! 7,900");
     EXPECT_EQ(speed.back(), "Speed Bonus! 0");
     EXPECT_TRUE(message.has("Prepare for Round Two!"));
+    // The seconds paid run the clock on to its end; round two starts it afresh.
+    ASSERT_EQ(time.seen.size(), 81u);
+    EXPECT_EQ(time.seen.front(), "Time: 79");
+    EXPECT_EQ(time.seen[79], "Time: 0");
+    EXPECT_EQ(time.seen.back(), "Time: 90");
     EXPECT_EQ(combos.seen, (std::vector<std::string>{"4", "3", "2", "1", "0"}));
     EXPECT_EQ(comboColour.seen, (std::vector<Color>{kCyan, colors::Blue}));
     // Cyan while each payment is announced, blue from its first step.

@@ -86,4 +86,9 @@ void DrawClock(int angle, GameFrame& form) {
     s.endPaint();
 }
 
+void ShowSecondsLeft(GameFrame& f) {
+    const auto& g = f.program().state;
+    f.lblTime.setCaption("Time: " + std::to_string(g.RoundSeconds - g.ElapsedSeconds));
+}
+
 }  // namespace corvanna

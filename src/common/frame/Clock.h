@@ -10,6 +10,8 @@ class GameFrame;
 void InitClock(GameFrame& form);
 // angle: degrees of the round gone, 0 to 360. Starts and stops Timer2.
 void DrawClock(int angle, GameFrame& form);
+// lblTime: "Time: " and the seconds left, as the clock runs on through a speed bonus.
+void ShowSecondsLeft(GameFrame& form);
 // After a resize: the new centre and radius, the same picture.
 void PlaceClock(GameFrame& form);
 

@@ -94,6 +94,7 @@ void SpeedBonus(GameFrame& f, std::int32_t secondValue) {
             DrawClock(static_cast<int>(roundHalfEven(360.0 / g.RoundSeconds * i)), f);
             g.ClockSeconds = static_cast<std::int16_t>(i);
             g.ElapsedSeconds = static_cast<std::int16_t>(g.ElapsedSeconds + 1);
+            ShowSecondsLeft(f);
             payStep(f, total, stepValue);
         }
     } else {

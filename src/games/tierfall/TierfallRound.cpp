@@ -391,6 +391,7 @@ void frmTierfall::PaySpeedBonus() {
         g_.ClockSeconds = static_cast<std::int16_t>(g_.ClockSeconds + 1);
         DrawClock(static_cast<int>(roundHalfEven(360.0 / g_.RoundSeconds * g_.ElapsedSeconds)),
                   *this);
+        ShowSecondsLeft(*this);
     };
     p.whole = [this] {
         g_.ElapsedSeconds = g_.RoundSeconds;
