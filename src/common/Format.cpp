@@ -91,4 +91,25 @@ void addToScore(std::int32_t& score, std::int64_t amount) {
         static_cast<std::int32_t>(std::clamp<std::int64_t>(score + amount, INT32_MIN, INT32_MAX));
 }
 
+double plainNumber(const std::string& text) {
+    std::size_t i = 0;
+    while (i < text.size() && (text[i] == ' ' || text[i] == '\t'))
+        ++i;
+    bool negative = false;
+    if (i < text.size() && (text[i] == '-' || text[i] == '+'))
+        negative = text[i++] == '-';
+    constexpr double kLimit = 1e15;
+    double value = 0;
+    for (; i < text.size() && std::isdigit(static_cast<unsigned char>(text[i])); ++i)
+        value = std::min(kLimit, value * 10 + (text[i] - '0'));
+    if (i < text.size() && text[i] == '.') {
+        double scale = 0.1;
+        for (++i; i < text.size() && std::isdigit(static_cast<unsigned char>(text[i])); ++i) {
+            value += (text[i] - '0') * scale;
+            scale /= 10;
+        }
+    }
+    return negative ? -value : value;
+}
+
 }  // namespace corvanna

@@ -20,6 +20,7 @@ struct TierfallValues {
     static constexpr std::int32_t kDefaultTimeBonus = 100;
 
     std::int16_t CardGoal = kDefaultCardGoal;
+    std::int16_t SelectionColorIndex = 1;  // the frames' colour: 0 yellow to 5 black
     bool EnhancedScoring = true;
     std::int32_t CompletionBonus = kDefaultCompletionBonus;
     std::int32_t ElevensBonus = kDefaultElevensBonus;      // a combination, standard mode

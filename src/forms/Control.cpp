@@ -79,6 +79,8 @@ Control::Control(Form& form, ControlKind kind, std::string name, int index, Cont
 }
 
 Control::~Control() {
+    if (form_->activeControl_ == this)
+        form_->activeControl_ = nullptr;
     // Views let go of their peer here.
     observers_.tell(*this, Prop::Destroyed);
 }
@@ -163,6 +165,16 @@ void Control::sendToBack() {
         lowest = std::min(lowest, c->zOrder_);
     zOrder_ = lowest - 1;
     notify(Prop::ZOrder);
+}
+
+void Control::setFocus() {
+    form_->activeControl_ = this;
+    if (kind() == ControlKind::TextBox) {
+        auto& box = static_cast<TextBox&>(*this);
+        box.selStart = 0;
+        box.selLength = static_cast<int>(box.text().size());
+    }
+    notify(Prop::Focus);
 }
 
 void Control::bringToFront() {

@@ -71,6 +71,7 @@ enum class Prop {
     MousePointer,
     ControlAdded,
     Destroyed,
+    Focus,
 };
 
 enum class Align { Left, Center, Right };
@@ -128,6 +129,8 @@ public:
     int zOrder() const { return zOrder_; }
     void sendToBack();
     void bringToFront();
+    // Takes the focus: the window's keys go to this control; a text box selects its text.
+    void setFocus();
     // Mouse pointer over the control: empty for the default, or a picture name.
     const std::string& mouseIcon() const { return mouseIcon_; }
     void setMouseIcon(const std::string& v);

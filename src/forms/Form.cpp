@@ -31,6 +31,20 @@ Menu& Form::addMenu(const std::string& name, const std::string& caption, Menu* p
     return add<Menu>(name, index, parent, caption);
 }
 
+Menu& Form::addMenuAfter(const std::string& name, const std::string& caption, Menu& after,
+                         int index) {
+    Menu& m = addMenu(name, caption, after.parentMenu(), index);
+    auto at = [this](const Control* c) {
+        return std::find_if(controls_.begin(), controls_.end(),
+                            [c](const auto& owned) { return owned.get() == c; });
+    };
+    auto made = at(&m);
+    std::unique_ptr<Control> owned = std::move(*made);
+    controls_.erase(made);
+    controls_.insert(at(&after) + 1, std::move(owned));
+    return m;
+}
+
 Control* Form::find(const std::string& name, int index) const {
     for (auto& c : controls_)
         if (c->name() == name && c->index() == index)

@@ -55,6 +55,11 @@ public:
                         Control* container = nullptr);
     Menu& addMenu(const std::string& name, const std::string& caption, Menu* parent = nullptr,
                   int index = -1);
+    // A menu item placed right after another of the same menu, for a game's own items.
+    Menu& addMenuAfter(const std::string& name, const std::string& caption, Menu& after,
+                       int index = -1);
+    // The control that has the focus, nullptr for none.
+    Control* activeControl() const { return activeControl_; }
 
     Control* find(const std::string& name, int index = -1) const;
     const std::vector<std::unique_ptr<Control>>& controls() const { return controls_; }
@@ -113,6 +118,7 @@ private:
     Color backColor_ = colors::ButtonFace;
     Observers<Form&, Prop> observers_;
     int zCounter_ = 0;
+    Control* activeControl_ = nullptr;
     friend class Control;
 };
 

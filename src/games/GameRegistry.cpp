@@ -44,22 +44,11 @@ std::vector<GameInfo> makeGames() {
     t.playQuitQuestion = "You have a game in progress, are you sure you want to quit now?";
     t.unloadPausesFirst = true;
     t.dialogPause = DialogPause::ByPauseButton;
-    t.settingsKeys = {"Color",
-                      "Play Music",
-                      "Time",
-                      "DrawTimer",
-                      "Play Sounds",
-                      "CardGoal",
-                      "Bonus Round Score",
-                      "Completion Bonus",
-                      "Elevens Bonus",
-                      "Elevens Bonus ES",
-                      "Time Bonus",
-                      "State",
-                      "New Score Mode",
-                      "Width",
-                      "Height",
-                      "Deck"};
+    t.settingsKeys = {"Color", "Play Music", "Time", "DrawTimer", "Play Sounds", "CardGoal",
+                      "Bonus Round Score", "Completion Bonus", "Elevens Bonus", "Elevens Bonus ES",
+                      "Time Bonus", "State", "New Score Mode", "Width", "Height", "Deck",
+                      // Ours: the card bonus a player sets is kept like the others.
+                      "Card Bonus"};
     t.countDownKey = "DrawTimer";
     t.bonusKey = "Bonus Round Score";
     t.clearPause = DialogPause::Never;

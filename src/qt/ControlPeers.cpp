@@ -75,6 +75,7 @@ void ControlPeer::apply(Prop p) {
         case Prop::ZOrder: window_->restack(model_->container()); break;
         // Repaint now, not later: the caller may be about to keep the thread busy.
         case Prop::Drawing: w->repaint(); break;
+        case Prop::Focus: w->setFocus(Qt::OtherFocusReason); break;
         default: break;
     }
 }
@@ -312,6 +313,10 @@ protected:
         auto* w = static_cast<QLineEdit*>(widget_.data());
         switch (p) {
             case Prop::Text: sync(); break;
+            case Prop::Focus:
+                w->setFocus(Qt::OtherFocusReason);
+                w->selectAll();
+                break;
             case Prop::ForeColor:
             case Prop::BackColor: {
                 QPalette pal = w->palette();

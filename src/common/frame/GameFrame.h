@@ -193,6 +193,8 @@ protected:
     bool endingRound() const { return endingRound_; }
     // Goes back to the selector without the question, as after a failure to play.
     void UnloadWithoutQuestion();
+    // A game's own key held a value it can't take: the file is kept aside before rewriting.
+    void MarkSettingsDamaged() { settingsDamaged_ = true; }
 
     Program& prog_;
     AppState& g_;

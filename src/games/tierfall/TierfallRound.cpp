@@ -40,6 +40,7 @@ void frmTierfall::SetGameDefaults() {
     t.ElevensBonus = TierfallValues::kDefaultElevensBonus;
     t.ElevensBonusES = TierfallValues::kDefaultElevensBonusES;
     t.CardBonus = TierfallValues::kDefaultCardBonus;
+    t.SelectionColorIndex = 1;
     t.ReplayRequested = false;
     g_.BonusRoundScore = TierfallValues::kDefaultBonusRoundScore;
     g_.TimeBonus = TierfallValues::kDefaultTimeBonus;
@@ -51,7 +52,9 @@ void frmTierfall::CheckForCustom() {
 
 void frmTierfall::SettingsApplied() {
     setCaption(values().EnhancedScoring ? g_.AppTitle + " - Enhanced Scoring" : g_.AppTitle);
-    lblElevens.setCaption(GoalCaption(values().CardGoal));
+    ClearGoalCheck();
+    mnuDrawTimer.setChecked(g_.CountDownScore);
+    SelectionColor(values().SelectionColorIndex);
     SetCardValues(values().EnhancedScoring);
 }
 
@@ -69,7 +72,7 @@ void frmTierfall::DisableCommandButtons(bool disable) {
 void frmTierfall::EnableGameOptions(bool enabled) {
     enable(mnuOpen, enabled);
     mnuTime.setEnabled(enabled);
-    enable(mnuGoal, enabled);
+    mnuGoal.setEnabled(enabled);
     mnuCustom.setEnabled(enabled);
 }
 

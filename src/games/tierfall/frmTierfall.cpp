@@ -76,7 +76,12 @@ frmTierfall::frmTierfall(Program& prog, const GameInfo& info)
       ElevensBevelSide(boxShape(*this, "ElevensBevelSide", kBevel)),
       ElevensBevelBottom(boxShape(*this, "ElevensBevelBottom", kBevel)),
       lblElevens(boxLabel(*this, "lblElevens", GoalCaption(board.CardGoal), 10)),
-      lblCurrentElevens(boxLabel(*this, "lblCurrentElevens", "0", 16)) {
+      lblCurrentElevens(boxLabel(*this, "lblCurrentElevens", "0", 16)),
+      mnuGoal(addMenuAfter("mnuGoal", "Card &Goal", mnuTime)),
+      mnuDrawTimer(addMenuAfter("mnuDrawTimer", "Count &Down when taking score",
+                                addMenuAfter("mnuSep1", "-", mnuSounds))),
+      mnuColor(addMenuAfter("mnuColor", "&Card Selection Color", mnuDrawTimer)) {
+    BuildOptionMenus();
     lblCardCount.setForeColor(colors::White);
     lblCurrentTotal.setForeColor(colors::Blue);
     lblCurrentElevens.setForeColor(colors::Blue);

@@ -40,10 +40,14 @@ public:
     Shape& ElevensBevelBottom;
     Control& lblElevens;
     Control& lblCurrentElevens;
-    // Saving, opening and the card goal come with the options; until then they are absent.
+    // Saving and opening come with saved games; until then they are absent.
     Menu* mnuSave = nullptr;
     Menu* mnuOpen = nullptr;
-    Menu* mnuGoal = nullptr;
+    Menu& mnuGoal;
+    std::array<Menu*, 6> mnuGoals{};  // mnu10 to mnu15
+    Menu& mnuDrawTimer;
+    Menu& mnuColor;
+    std::array<Menu*, 6> mnuColors{};  // mnuYellow to mnuBlack, by SelectionColorIndex
 
     // ---- Frame hooks
     void ShowCards(bool visible) override;
@@ -63,6 +67,19 @@ public:
     void TakeScoreAtTimeOut() override;
     void TakeScore() override;
     void RankFinalScore() override;
+    bool GameSettingValue(const std::string& key, std::string& value) override;
+    void AddGameSettings(SettingsReader& reader) override;
+
+    // ---- Options (TierfallOptions.cpp)
+    // mnu10 to mnu15: the card goal, its caption, its table and its hint.
+    void SetCardGoal(int goal);
+    // The goal entries' checks from CardGoal: none for a goal outside 10 to 15.
+    void ClearGoalCheck();
+    // mnuYellow to mnuBlack: the colour of every selection frame.
+    void SelectionColor(int index);
+    void ClearColorCheck();
+    void mnuDrawTimer_Click();
+    void mnuScoring_Click();
 
     // ---- Rounds and scoring (TierfallRound.cpp)
     // A new game, or the replay of the last: false when it couldn't start (the form is gone).
@@ -98,6 +115,8 @@ public:
 
 private:
     enum class BoardFace { Hidden, Backs, Faces };
+
+    void BuildOptionMenus();
 
     // What a combination pays and what a card costs when it goes back onto the board.
     void PayCombination(const TierfallBoard::Combination& combination);

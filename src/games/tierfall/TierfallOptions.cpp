@@ -1,0 +1,140 @@
+// Tierfall's options: the card goal, the selection colour, the count-down, the
+// scoring dialog, and the game's own keys of its settings file.
+
+#include "common/Format.h"
+#include "common/SettingsFile.h"
+#include "games/tierfall/frmTierfall.h"
+#include "games/tierfall/frmTierfallCustomScoring.h"
+
+namespace corvanna {
+
+namespace {
+
+struct ColourEntry {
+    const char* menu;
+    const char* caption;
+    Color colour;
+};
+const ColourEntry kColours[6] = {
+    {"mnuYellow", "&Yellow", 0xFFFF00}, {"mnuRed", "&Red (Default)", 0xFF0000},
+    {"mnuBlue", "&Blue", 0x0000FF},     {"mnuGreen", "&Green", 0x00C000},
+    {"mnuPurple", "&Purple", 0x800080}, {"mnuBlack", "&Black", 0x000000},
+};
+const char* const kGoalCaptions[6] = {"1&0", "1&1 (Default)", "1&2", "1&3", "1&4", "1&5"};
+
+bool readInt32(const std::string& v, std::int32_t& out) {
+    std::int64_t n;
+    if (!parseInteger(v, n) || n < INT32_MIN || n > INT32_MAX)
+        return false;
+    out = static_cast<std::int32_t>(n);
+    return true;
+}
+
+}  // namespace
+
+void frmTierfall::BuildOptionMenus() {
+    for (int i = 0; i < 6; ++i) {
+        const int goal = 10 + i;
+        mnuGoals[i] = &addMenu("mnu" + std::to_string(goal), kGoalCaptions[i], &mnuGoal);
+        mnuGoals[i]->Click = [this, goal] { SetCardGoal(goal); };
+    }
+    for (int i = 0; i < 6; ++i) {
+        mnuColors[i] = &addMenu(kColours[i].menu, kColours[i].caption, &mnuColor);
+        mnuColors[i]->Click = [this, i] { SelectionColor(i); };
+    }
+    mnuDrawTimer.Click = [this] { mnuDrawTimer_Click(); };
+    mnuCustom.Click = [this] { mnuScoring_Click(); };
+}
+
+void frmTierfall::ClearGoalCheck() {
+    for (int i = 0; i < 6; ++i)
+        mnuGoals[i]->setChecked(values().CardGoal == 10 + i);
+}
+
+void frmTierfall::SetCardGoal(int goal) {
+    values().CardGoal = static_cast<std::int16_t>(goal);
+    ClearGoalCheck();
+    lblElevens.setCaption(GoalCaption(goal));
+    ShowHighScore();
+    SetStatus(2, "Click on exposed cards to total " + std::to_string(goal) + "!   ");
+}
+
+void frmTierfall::SelectionColor(int index) {
+    if (index < 0 || index > 5)
+        return;
+    values().SelectionColorIndex = static_cast<std::int16_t>(index);
+    for (Shape* frame : FieldSelectionRectangle)
+        frame->setBorderColor(kColours[index].colour);
+    UpCardSelectionRectangle.setBorderColor(kColours[index].colour);
+    ClearColorCheck();
+    mnuColors[index]->setChecked(true);
+}
+
+void frmTierfall::ClearColorCheck() {
+    for (Menu* m : mnuColors)
+        m->setChecked(false);
+}
+
+void frmTierfall::mnuDrawTimer_Click() {
+    g_.CountDownScore = !g_.CountDownScore;
+    mnuDrawTimer.setChecked(g_.CountDownScore);
+}
+
+void frmTierfall::mnuScoring_Click() {
+    ShowTierfallCustomScoring(prog_, *this);
+}
+
+bool frmTierfall::GameSettingValue(const std::string& key, std::string& value) {
+    const TierfallValues& t = values();
+    if (key == "Color")
+        value = std::to_string(t.SelectionColorIndex);
+    else if (key == "CardGoal")
+        value = std::to_string(t.CardGoal);
+    else if (key == "Completion Bonus")
+        value = std::to_string(t.CompletionBonus);
+    else if (key == "Elevens Bonus")
+        value = std::to_string(t.ElevensBonus);
+    else if (key == "Elevens Bonus ES")
+        value = std::to_string(t.ElevensBonusES);
+    else if (key == "New Score Mode")
+        value = t.EnhancedScoring ? "True" : "False";
+    else if (key == "Card Bonus")
+        value = std::to_string(t.CardBonus);
+    else
+        return false;
+    return true;
+}
+
+void frmTierfall::AddGameSettings(SettingsReader& reader) {
+    TierfallValues& t = values();
+    reader.on("Color", [this](const std::string& v) {
+        std::int64_t n;
+        if (!parseInteger(v, n))
+            return MarkSettingsDamaged();
+        SelectionColor(static_cast<int>(std::clamp<std::int64_t>(n, -1, 6)));
+    });
+    reader.on("CardGoal", [this](const std::string& v) {
+        std::int64_t n;
+        if (!parseInteger(v, n) || n < INT16_MIN || n > INT16_MAX)
+            return MarkSettingsDamaged();
+        // Another number stays the goal, with no entry checked.
+        if (n >= 10 && n <= 15)
+            lblElevens.setCaption(GoalCaption(static_cast<int>(n)));
+        values().CardGoal = static_cast<std::int16_t>(n);
+        ClearGoalCheck();
+    });
+    auto number = [this](std::int32_t& into) {
+        return [this, &into](const std::string& v) {
+            if (!readInt32(v, into))
+                MarkSettingsDamaged();
+        };
+    };
+    reader.on("Completion Bonus", number(t.CompletionBonus));
+    reader.on("Elevens Bonus", number(t.ElevensBonus));
+    reader.on("Elevens Bonus ES", number(t.ElevensBonusES));
+    reader.on("Card Bonus", number(t.CardBonus));
+    reader.on("New Score Mode",
+              [this](const std::string& v) { values().EnhancedScoring = settingsTruth(v); });
+}
+
+}  // namespace corvanna
