@@ -347,10 +347,32 @@ protected:
         QObject::connect(w, &QAbstractButton::clicked, w, [this] { click(); });
         return w;
     }
+    // The button draws one line; a long caption is broken at blanks to fit beside the box.
+    void applyCaption() {
+        auto* w = static_cast<QAbstractButton*>(widget_.data());
+        const QFontMetrics fm(w->font());
+        const int room = std::max(1, w->width() - 2 * fm.height());
+        QString wrapped, line;
+        for (const QString& word : qs(model_->caption()).split(' ')) {
+            const QString tried = line.isEmpty() ? word : line + ' ' + word;
+            if (!line.isEmpty() && fm.horizontalAdvance(tried) > room) {
+                wrapped += line + '\n';
+                line = word;
+            } else {
+                line = tried;
+            }
+        }
+        w->setText(wrapped + line);
+    }
     void apply(Prop p) override {
         auto* w = static_cast<QAbstractButton*>(widget_.data());
         switch (p) {
-            case Prop::Caption: w->setText(qs(model_->caption())); break;
+            case Prop::Caption: applyCaption(); break;
+            case Prop::Geometry:
+            case Prop::Font:
+                ControlPeer::apply(p);
+                applyCaption();
+                break;
             case Prop::Checked: w->setChecked(model_->checked()); break;
             case Prop::ForeColor:
             case Prop::BackColor: applyColors(true); break;
