@@ -112,4 +112,12 @@ double plainNumber(const std::string& text) {
     return negative ? -value : value;
 }
 
+bool parseInt32(const std::string& text, std::int32_t& out) {
+    std::int64_t n;
+    if (!parseInteger(text, n) || n < INT32_MIN || n > INT32_MAX)
+        return false;
+    out = static_cast<std::int32_t>(n);
+    return true;
+}
+
 }  // namespace corvanna

@@ -21,6 +21,8 @@ long long MinutesBetween(const DateTime& a, const DateTime& b);
 // A whole number if the text is one (blanks round it allowed), for settings values.
 bool parseInteger(const std::string& text, std::int64_t& out);
 bool parseReal(const std::string& text, double& out);
+// parseInteger within 32 bits, as the settings' score values are held.
+bool parseInt32(const std::string& text, std::int32_t& out);
 // A number typed into a dialog: the plain number at the start of the text (blanks,
 // a sign, digits, a decimal point), 0 when there is none; held within +-1e15.
 double plainNumber(const std::string& text);

@@ -16,13 +16,6 @@ constexpr double kLargestWindowTwips = 200000;
 // Settings files are a few hundred bytes; anything near this is not one.
 constexpr std::size_t kLargestSettingsFile = 256 * 1024;
 
-bool readInt32(const std::string& v, std::int32_t& out) {
-    std::int64_t n;
-    if (!parseInteger(v, n) || n < INT32_MIN || n > INT32_MAX)
-        return false;
-    out = static_cast<std::int32_t>(n);
-    return true;
-}
 }  // namespace
 
 std::string GameFrame::settingsPath() const {
@@ -70,12 +63,12 @@ void GameFrame::ReadSettingsINI(const std::string& fileName) {
     reader.on(info_.countDownKey,
               [this](const std::string& v) { g_.CountDownScore = settingsTruth(v); });
     reader.on(info_.bonusKey, [this, bad](const std::string& v) {
-        if (!readInt32(v, g_.BonusRoundScore))
+        if (!parseInt32(v, g_.BonusRoundScore))
             bad();
     });
     if (hasSetting("Time Bonus"))
         reader.on("Time Bonus", [this, bad](const std::string& v) {
-            if (!readInt32(v, g_.TimeBonus))
+            if (!parseInt32(v, g_.TimeBonus))
                 bad();
         });
     if (mnuDeck)

@@ -22,14 +22,6 @@ const ColourEntry kColours[6] = {
 };
 const char* const kGoalCaptions[6] = {"1&0", "1&1 (Default)", "1&2", "1&3", "1&4", "1&5"};
 
-bool readInt32(const std::string& v, std::int32_t& out) {
-    std::int64_t n;
-    if (!parseInteger(v, n) || n < INT32_MIN || n > INT32_MAX)
-        return false;
-    out = static_cast<std::int32_t>(n);
-    return true;
-}
-
 }  // namespace
 
 void frmTierfall::BuildOptionMenus() {
@@ -125,7 +117,7 @@ void frmTierfall::AddGameSettings(SettingsReader& reader) {
     });
     auto number = [this](std::int32_t& into) {
         return [this, &into](const std::string& v) {
-            if (!readInt32(v, into))
+            if (!parseInt32(v, into))
                 MarkSettingsDamaged();
         };
     };
