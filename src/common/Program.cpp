@@ -60,6 +60,12 @@ void Program::unload(Form& form) {
 
 namespace corvanna {
 
+void Program::showModal(Form& form) {
+    platform.showForm(form, true);
+    if (findForm(form.name()) == &form)
+        unload(form);
+}
+
 bool Program::requestUnload(Form& form) {
     bool cancel = false;
     if (form.QueryUnload)

@@ -74,6 +74,8 @@ public:
     void unload(Form& form);
     // The form's unload question runs; true when the form went away.
     bool requestUnload(Form& form);
+    // Shows a dialog modal. One its buttons didn't close (the close box) goes when it returns.
+    void showModal(Form& form);
 
 private:
     std::string dataDir_;

@@ -65,9 +65,7 @@ void frmHiScoreName::cmdOK_Click() {
 void AskHighScoreName(Program& prog) {
     frmHiScoreName& dialog = prog.load<frmHiScoreName>();
     dialog.Form_Load();
-    prog.platform.showForm(dialog, true);
-    if (prog.findForm("frmHiScoreName"))
-        prog.unload(dialog);
+    prog.showModal(dialog);
 }
 
 }  // namespace corvanna

@@ -271,9 +271,7 @@ void frmHighScores::Form_Unload() {
 void ShowHighScores(Program& prog) {
     frmHighScores& dialog = prog.load<frmHighScores>();
     dialog.Form_Load();
-    prog.platform.showForm(dialog, true);
-    if (prog.findForm("frmHighScores"))
-        prog.unload(dialog);
+    prog.showModal(dialog);
 }
 
 }  // namespace corvanna

@@ -46,9 +46,7 @@ void frmAbout::Form_Load() {
 void ShowAbout(Program& prog) {
     frmAbout& about = prog.load<frmAbout>();
     about.Form_Load();
-    prog.platform.showForm(about, true);
-    if (prog.findForm("frmAbout"))
-        prog.unload(about);
+    prog.showModal(about);
 }
 
 }  // namespace corvanna

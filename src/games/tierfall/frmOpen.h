@@ -5,37 +5,20 @@
 #include <functional>
 #include <string>
 
-#include "common/FolderBrowser.h"
-#include "common/Program.h"
-#include "forms/Form.h"
+#include "games/tierfall/GameFileDialog.h"
 
 namespace corvanna {
 
-class frmOpen : public Form {
+class frmOpen : public GameFileDialog {
 public:
     // `open` gets the file's whole path; true when the game took it.
     frmOpen(Program& prog, std::function<bool(const std::string& path)> open);
 
-    void cmdOK_Click();
-    void cmdCancel_Click();
-    void File1_Click();
-    // Enter in the name box: what is typed there becomes the pattern of the file list.
-    void txtGameName_KeyEnter();
+    void cmdOK_Click() override;
 
     Control& lblOpenInfo;
-    Control& lblGameName;
-    TextBox& txtGameName;
-    ListControl& File1;
-    Control& lblFolders;
-    ListControl& Dir1;
-    Control& lblDrives;
-    ListControl& Drive1;
-    Control& cmdOK;
-    Control& cmdCancel;
-    FolderBrowser browser;
 
 private:
-    Program& prog_;
     std::function<bool(const std::string& path)> open_;
 };
 

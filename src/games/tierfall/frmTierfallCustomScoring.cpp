@@ -179,12 +179,9 @@ void frmTierfallCustomScoring::cmdCancel_Click() {
 bool ShowTierfallCustomScoring(Program& prog, frmTierfall& game) {
     auto& dialog = prog.load<frmTierfallCustomScoring>(game);
     dialog.Form_Load();
-    prog.platform.showForm(dialog, true);
+    prog.showModal(dialog);
     // Unloaded forms live until the next unload, so the dialog can still be asked.
-    const bool accepted = dialog.accepted();
-    if (prog.findForm("frmTierfallCustomScoring"))
-        prog.unload(dialog);
-    return accepted;
+    return dialog.accepted();
 }
 
 }  // namespace corvanna
