@@ -16,13 +16,6 @@ struct Variable {
     IndexedVariableGetter getAt;  // arrays: Name(N)
 };
 
-std::string num(long long v) {
-    return std::to_string(v);
-}
-std::string flag(bool b) {
-    return b ? "True" : "False";
-}
-
 std::string dateTime(const DateTime& t) {
     char buf[40];
     std::snprintf(buf, sizeof buf, "%04d-%02d-%02d %02d:%02d:%02d", t.year, t.month, t.day, t.hour,
@@ -53,23 +46,23 @@ std::vector<Variable>& table() {
     static std::vector<Variable> vars{
         {"AppTitle", [](P p) { return p.state.AppTitle; }, {}},
         {"AppPath", [](P p) { return p.state.AppPath; }, {}},
-        {"Score", [](P p) { return num(p.state.Score); }, {}},
-        {"RoundSeconds", [](P p) { return num(p.state.RoundSeconds); }, {}},
-        {"ElapsedSeconds", [](P p) { return num(p.state.ElapsedSeconds); }, {}},
-        {"ClockSeconds", [](P p) { return num(p.state.ClockSeconds); }, {}},
-        {"RoundNumber", [](P p) { return num(p.state.RoundNumber); }, {}},
-        {"GameInProgress", [](P p) { return flag(p.state.GameInProgress); }, {}},
-        {"TakingScore", [](P p) { return flag(p.state.TakingScore); }, {}},
-        {"SoundsOn", [](P p) { return flag(p.state.SoundsOn); }, {}},
-        {"MusicOn", [](P p) { return flag(p.state.MusicOn); }, {}},
-        {"CountDownScore", [](P p) { return flag(p.state.CountDownScore); }, {}},
-        {"DeckBack", [](P p) { return num(p.state.DeckBack); }, {}},
-        {"TimeBonus", [](P p) { return num(p.state.TimeBonus); }, {}},
-        {"BonusRoundScore", [](P p) { return num(p.state.BonusRoundScore); }, {}},
-        {"CustomScoring", [](P p) { return flag(p.state.CustomScoring); }, {}},
-        {"SkipHighScoreUpdate", [](P p) { return flag(p.state.SkipHighScoreUpdate); }, {}},
-        {"NewHighScoreRow", [](P p) { return num(p.state.NewHighScoreRow); }, {}},
-        {"GamesPlayedCount", [](P p) { return num(p.state.GamesPlayedCount); }, {}},
+        {"Score", [](P p) { return numberText(p.state.Score); }, {}},
+        {"RoundSeconds", [](P p) { return numberText(p.state.RoundSeconds); }, {}},
+        {"ElapsedSeconds", [](P p) { return numberText(p.state.ElapsedSeconds); }, {}},
+        {"ClockSeconds", [](P p) { return numberText(p.state.ClockSeconds); }, {}},
+        {"RoundNumber", [](P p) { return numberText(p.state.RoundNumber); }, {}},
+        {"GameInProgress", [](P p) { return flagText(p.state.GameInProgress); }, {}},
+        {"TakingScore", [](P p) { return flagText(p.state.TakingScore); }, {}},
+        {"SoundsOn", [](P p) { return flagText(p.state.SoundsOn); }, {}},
+        {"MusicOn", [](P p) { return flagText(p.state.MusicOn); }, {}},
+        {"CountDownScore", [](P p) { return flagText(p.state.CountDownScore); }, {}},
+        {"DeckBack", [](P p) { return numberText(p.state.DeckBack); }, {}},
+        {"TimeBonus", [](P p) { return numberText(p.state.TimeBonus); }, {}},
+        {"BonusRoundScore", [](P p) { return numberText(p.state.BonusRoundScore); }, {}},
+        {"CustomScoring", [](P p) { return flagText(p.state.CustomScoring); }, {}},
+        {"SkipHighScoreUpdate", [](P p) { return flagText(p.state.SkipHighScoreUpdate); }, {}},
+        {"NewHighScoreRow", [](P p) { return numberText(p.state.NewHighScoreRow); }, {}},
+        {"GamesPlayedCount", [](P p) { return numberText(p.state.GamesPlayedCount); }, {}},
         {"UserName", [](P p) { return p.state.UserName; }, {}},
         {"UserHometown", [](P p) { return p.state.UserHometown; }, {}},
         {"UserState", [](P p) { return p.state.UserState; }, {}},
@@ -140,6 +133,14 @@ std::vector<std::string> variableNames() {
             names.push_back(v.name + "(N)");
     }
     return names;
+}
+
+std::string numberText(long long v) {
+    return std::to_string(v);
+}
+
+std::string flagText(bool b) {
+    return b ? "True" : "False";
 }
 
 void addVariable(const std::string& name, VariableGetter get) {

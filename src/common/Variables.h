@@ -20,6 +20,10 @@ bool getVariable(const Program& prog, const std::string& name, std::string& out,
 // Every name getVariable knows, in table order; an array also as "Deck(N)".
 std::vector<std::string> variableNames();
 
+// How `get` prints a number and a flag ("True"/"False"), for a game's getters too.
+std::string numberText(long long v);
+std::string flagText(bool b);
+
 using VariableGetter = std::function<std::string(const Program&)>;
 // Array elements: false when the index is out of range.
 using IndexedVariableGetter = std::function<bool(const Program&, int index, std::string& out)>;

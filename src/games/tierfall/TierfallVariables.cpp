@@ -17,14 +17,6 @@ const TierfallBoard& boardOf(P p) {
     return form ? form->board : none;
 }
 
-std::string num(long long v) {
-    return std::to_string(v);
-}
-
-std::string flag(bool b) {
-    return b ? "True" : "False";
-}
-
 // Name(N) over an array that starts at `first`.
 template <class Array>
 bool at(const Array& a, int index, int first, std::string& out) {
@@ -37,25 +29,26 @@ bool at(const Array& a, int index, int first, std::string& out) {
 }  // namespace
 
 void addTierfallVariables() {
-    addVariable("CardGoal", [](P p) { return num(p.state.Tierfall.CardGoal); });
-    addVariable("EnhancedScoring", [](P p) { return flag(p.state.Tierfall.EnhancedScoring); });
-    addVariable("CompletionBonus", [](P p) { return num(p.state.Tierfall.CompletionBonus); });
-    addVariable("ElevensBonus", [](P p) { return num(p.state.Tierfall.ElevensBonus); });
-    addVariable("ElevensBonusES", [](P p) { return num(p.state.Tierfall.ElevensBonusES); });
-    addVariable("CardBonus", [](P p) { return num(p.state.Tierfall.CardBonus); });
-    addVariable("LastScore", [](P p) { return num(p.state.Tierfall.LastScore); });
-    addVariable("ReplayRequested", [](P p) { return flag(p.state.Tierfall.ReplayRequested); });
+    addVariable("CardGoal", [](P p) { return numberText(p.state.Tierfall.CardGoal); });
+    addVariable("EnhancedScoring", [](P p) { return flagText(p.state.Tierfall.EnhancedScoring); });
+    addVariable("CompletionBonus",
+                [](P p) { return numberText(p.state.Tierfall.CompletionBonus); });
+    addVariable("ElevensBonus", [](P p) { return numberText(p.state.Tierfall.ElevensBonus); });
+    addVariable("ElevensBonusES", [](P p) { return numberText(p.state.Tierfall.ElevensBonusES); });
+    addVariable("CardBonus", [](P p) { return numberText(p.state.Tierfall.CardBonus); });
+    addVariable("LastScore", [](P p) { return numberText(p.state.Tierfall.LastScore); });
+    addVariable("ReplayRequested", [](P p) { return flagText(p.state.Tierfall.ReplayRequested); });
     for (int round = 1; round <= 3; ++round) {
         addIndexedVariable("Round" + std::to_string(round) + "Deck",
                            [round](P p, int i, std::string& out) {
                                return at(p.state.Tierfall.RoundDecks[round - 1], i, 1, out);
                            });
     }
-    addVariable("UpCount", [](P p) { return num(boardOf(p).UpCount); });
-    addVariable("PlayPileTop", [](P p) { return num(boardOf(p).PlayPileTop); });
-    addVariable("CardTotal", [](P p) { return num(boardOf(p).CardTotal); });
-    addVariable("GoalCount", [](P p) { return num(boardOf(p).GoalCount); });
-    addVariable("UpCardUsed", [](P p) { return flag(boardOf(p).UpCardUsed); });
+    addVariable("UpCount", [](P p) { return numberText(boardOf(p).UpCount); });
+    addVariable("PlayPileTop", [](P p) { return numberText(boardOf(p).PlayPileTop); });
+    addVariable("CardTotal", [](P p) { return numberText(boardOf(p).CardTotal); });
+    addVariable("GoalCount", [](P p) { return numberText(boardOf(p).GoalCount); });
+    addVariable("UpCardUsed", [](P p) { return flagText(boardOf(p).UpCardUsed); });
     addIndexedVariable("FieldCards", [](P p, int i, std::string& out) {
         return at(boardOf(p).FieldCards, i, 0, out);
     });
