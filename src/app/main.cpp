@@ -17,8 +17,9 @@
 namespace {
 
 const char kUsage[] =
-    "Usage: corvanna [--data-dir DIR] [--seed N] [--help]\n"
+    "Usage: corvanna [--data-dir DIR] [--seed N] [--help] [GAME.tfl]\n"
     "\n"
+    "  GAME.tfl        a saved Tierfall game: Tierfall opens and replays it\n"
     "  --data-dir DIR  keep settings, high scores and saved games in DIR\n"
     "                  (default: the per-user application data folder)\n"
     "  --seed N        start the random numbers from N, so a run repeats\n"
@@ -31,13 +32,33 @@ struct Options {
     std::string dataDir;
     std::uint64_t seed = 0;
     bool seedGiven = false;
+    std::string savedGame;
 };
 
 // Our options have two dashes; Qt's own have one and are left to QApplication.
 // Returns -1 to go on, or the exit code.
 int parse(int argc, char** argv, Options& out) {
+    bool optionsEnded = false;
+    auto takeFile = [&out](const char* name) {
+        if (!out.savedGame.empty()) {
+            std::fputs("corvanna: only one saved game can be opened\n\n", stderr);
+            std::fputs(kUsage, stderr);
+            return false;
+        }
+        out.savedGame = name;
+        return true;
+    };
     for (int i = 1; i < argc; ++i) {
         std::string arg = argv[i];
+        if (optionsEnded || arg.empty() || arg[0] != '-') {
+            if (!takeFile(argv[i]))
+                return 2;
+            continue;
+        }
+        if (arg == "--") {
+            optionsEnded = true;
+            continue;
+        }
         std::string value;
         bool hasValue = false;
         if (auto eq = arg.find('='); arg.rfind("--", 0) == 0 && eq != std::string::npos) {
@@ -130,6 +151,7 @@ int main(int argc, char** argv) {
     corvanna::Program program(platform, dataDir, opt.seed);
     // The sounds and the tune the build made, beside the program.
     program.setAssetsDir((QCoreApplication::applicationDirPath() + "/assets").toStdString());
+    program.setCommandLine(opt.savedGame);
     corvanna::startSelector(program);
     return app.exec();
 }

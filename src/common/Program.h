@@ -7,6 +7,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/AppState.h"
@@ -77,9 +78,15 @@ public:
     // Shows a dialog modal. One its buttons didn't close (the close box) goes when it returns.
     void showModal(Form& form);
 
+    // The saved game the program was started with, handed out once.
+    void setCommandLine(std::string fileName) { commandLine_ = std::move(fileName); }
+    const std::string& commandLine() const { return commandLine_; }
+    std::string takeCommandLine() { return std::exchange(commandLine_, std::string()); }
+
 private:
     std::string dataDir_;
     std::string assetsDir_;
+    std::string commandLine_;
     bool dataDirUsable_ = true;
     std::set<std::string> shippedFound_;  // program files already in the data folder
     std::vector<std::unique_ptr<Form>> forms_;

@@ -44,6 +44,9 @@ const std::vector<Driver::Command>& Driver::commands() {
     static const std::vector<Command> table{
         {"click", "click FORM.CONTROL[(INDEX)]", "click as a user would (menus too)",
          &Driver::cmdClick},
+        {"dblclick", "dblclick FORM.CONTROL[(INDEX)]", "double click as a user would",
+         &Driver::cmdDblClick},
+        {"enter", "enter FORM.CONTROL", "press Enter in a text box", &Driver::cmdEnter},
         {"type", "type FORM.CONTROL TEXT", "set a text box's text (the rest of the line)",
          &Driver::cmdType},
         {"select", "select FORM.CONTROL INDEX",
@@ -122,6 +125,33 @@ void Driver::cmdClick(const std::string& args) {
         return;
     std::string why;
     if (!userClick(*c, &why))
+        error(why);
+}
+
+void Driver::cmdDblClick(const std::string& args) {
+    const auto w = words(args);
+    if (w.size() != 1)
+        return error("usage: dblclick FORM.CONTROL[(INDEX)]");
+    Control* c = findControl(w[0]);
+    if (!c)
+        return;
+    std::string why;
+    if (!userDblClick(*c, &why))
+        error(why);
+}
+
+void Driver::cmdEnter(const std::string& args) {
+    const auto w = words(args);
+    if (w.size() != 1)
+        return error("usage: enter FORM.CONTROL");
+    Control* c = findControl(w[0]);
+    if (!c)
+        return;
+    if (!dynamic_cast<TextBox*>(c))
+        return error(c->form().name() + "." + c->fullName() + " is a " + kindText(*c) +
+                     ", not a text box");
+    std::string why;
+    if (!userKeyEnter(*c, &why))
         error(why);
 }
 

@@ -61,6 +61,8 @@ private:
 
     // The commands (Commands.cpp).
     void cmdClick(const std::string& args);
+    void cmdDblClick(const std::string& args);
+    void cmdEnter(const std::string& args);
     void cmdType(const std::string& args);
     void cmdSelect(const std::string& args);
     void cmdAdvance(const std::string& args);

@@ -21,7 +21,7 @@ namespace {
 
 void usage(std::FILE* out) {
     std::fputs(
-        "Usage: corvanna-drive [--data-dir DIR] [--seed N] [--help]\n"
+        "Usage: corvanna-drive [--data-dir DIR] [--seed N] [--help] [GAME.tfl]\n"
         "\n"
         "Runs the Corvanna Collection without a window, on a virtual clock, and starts\n"
         "at the game selector (frmSelect). Commands come one a line on stdin; answers,\n"
@@ -33,6 +33,8 @@ void usage(std::FILE* out) {
         "  --seed N        the random generator's starting state, 0 to 2^64-1 (default 1):\n"
         "                  the same seed and commands give the same run\n"
         "  --help          print this and exit\n"
+        "  GAME.tfl        start with a saved Tierfall game, as the program does: Tierfall\n"
+        "                  opens it at once (its message boxes take their default answers)\n"
         "\n"
         "Commands (empty lines and lines starting with # are ignored):\n",
         out);
@@ -86,6 +88,7 @@ int main(int argc, char** argv) {
     std::string dataDir;
     bool dataDirGiven = false;
     std::uint64_t seed = 1;
+    std::string savedGame;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
         auto value = [&](const std::string& option, std::string& out) {
@@ -111,6 +114,8 @@ int main(int argc, char** argv) {
         } else if (arg == "--seed" || arg.rfind("--seed=", 0) == 0) {
             if (!value("--seed", v) || !parseUnsigned64(v, seed))
                 return badUsage("--seed needs a whole number from 0 to 18446744073709551615");
+        } else if (!arg.empty() && arg[0] != '-' && savedGame.empty()) {
+            savedGame = arg;
         } else {
             return badUsage("unknown option '" + shown(arg) + "'");
         }
@@ -128,6 +133,7 @@ int main(int argc, char** argv) {
         FakePlatform platform;
         Program program(platform, dataDir, seed);
         Driver driver(platform, program, stdin, stdout);
+        program.setCommandLine(savedGame);
         startSelector(program);
         code = driver.run();
     }

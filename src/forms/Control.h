@@ -143,6 +143,8 @@ public:
     std::function<void()> Click;
     std::function<void()> DblClick;
     std::function<void()> Change;
+    // Enter pressed in a text box.
+    std::function<void()> KeyEnter;
 
     // Generic access by property name, for the driver and dumps.
     virtual std::string property(const std::string& prop) const;

@@ -34,6 +34,16 @@ bool userDblClick(Control& control, std::string* whyNot) {
     return true;
 }
 
+bool userKeyEnter(Control& control, std::string* whyNot) {
+    if (!reachable(control, whyNot))
+        return false;
+    if (control.KeyEnter) {
+        auto handler = control.KeyEnter;  // the handler may unload the form
+        handler();
+    }
+    return true;
+}
+
 bool userClick(Control& control, std::string* whyNot) {
     if (!reachable(control, whyNot))
         return false;

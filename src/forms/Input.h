@@ -12,5 +12,7 @@ namespace corvanna {
 bool userClick(Control& control, std::string* whyNot = nullptr);
 // The same for a double click; a control without the handler takes none.
 bool userDblClick(Control& control, std::string* whyNot = nullptr);
+// The Enter key in a text box; one without the handler does nothing with it.
+bool userKeyEnter(Control& control, std::string* whyNot = nullptr);
 
 }  // namespace corvanna

@@ -297,6 +297,10 @@ protected:
             if (model_ && widget_)
                 sync();
         });
+        QObject::connect(w, &QLineEdit::returnPressed, w, [this] {
+            if (model_)
+                userKeyEnter(*model_);
+        });
         return w;
     }
     Qt::CursorShape defaultCursor() const override { return Qt::IBeamCursor; }
@@ -388,6 +392,12 @@ void onChoice(QComboBox* w, std::function<void(int)> chosen) {
 void onChoice(QListWidget* w, std::function<void(int)> chosen) {
     QObject::connect(w, &QListWidget::currentRowChanged, w, std::move(chosen));
 }
+// A double click on an item of a list; a combo box has none.
+void onDoubleClick(QComboBox*, std::function<void()>) {}
+void onDoubleClick(QListWidget* w, std::function<void()> twice) {
+    QObject::connect(w, &QListWidget::itemDoubleClicked, w,
+                     [twice = std::move(twice)](QListWidgetItem*) { twice(); });
+}
 void showChoice(QComboBox* w, int i) {
     w->setCurrentIndex(i);
 }
@@ -407,6 +417,10 @@ protected:
         onChoice(w, [this](int i) {
             if (model_)
                 static_cast<ListControl&>(*model_).setListIndex(i);
+        });
+        onDoubleClick(w, [this] {
+            if (model_)
+                userDblClick(*model_);
         });
         return w;
     }

@@ -268,8 +268,12 @@ void QtPlatform::showForm(Form& form, bool modal) {
     }
     form.setVisibleFlag(true);
     w->showFromModel();
-    if (modal)
+    if (modal) {
         runModal(form);
+    } else if (form.Activate) {
+        auto activate = form.Activate;  // the handler may unload the form
+        activate();
+    }
 }
 
 void QtPlatform::runModal(Form& form) {

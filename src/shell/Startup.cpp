@@ -40,6 +40,9 @@ Form& startSelector(Program& prog) {
     frmSelect& select = prog.load<frmSelect>();
     select.Form_Load();
     prog.platform.showForm(select, false);
+    // Started with a saved game: Tierfall comes up and opens it as it is first activated.
+    if (!prog.commandLine().empty())
+        select.LaunchGame("frmTierfall");
     return select;
 }
 

@@ -126,6 +126,9 @@ TEST(DriveOptions, HelpListsEveryCommandAndOptionAndBadOptionsExitTwo) {
                              "get FORM.PROPERTY",
                              "get VARIABLE",
                              "dump FORM",
+                             "dblclick FORM.CONTROL",
+                             "enter FORM.CONTROL",
+                             "GAME.tfl",
                              "\n  log ",
                              "resize FORM W H",
                              "minimize FORM",
@@ -143,7 +146,7 @@ TEST(DriveOptions, HelpListsEveryCommandAndOptionAndBadOptionsExitTwo) {
                                                 {"--seed", "-1"},
                                                 {"--seed"},
                                                 {"--data-dir"},
-                                                {"stray"}}) {
+                                                {"one.tfl", "two.tfl"}}) {
         const Result r = runDriver("get AppTitle\n", bad);
         EXPECT_EQ(r.exitCode, 2) << bad[0];
         EXPECT_EQ(r.out, "") << bad[0];

@@ -195,6 +195,10 @@ TEST(SavedGameFile, TheMessageWithAndWithoutADifferentTimeLimit) {
               "This game was saved by Marta Quill. He or she earned an unbelievable score of "
               "9,223,372,036,854,775,807 in this game. \nCustomized scoring was not in effect "
               "when this game was played. ");
+    // A name longer than any dialog takes is cut whole characters short of 100 bytes.
+    game.userName = std::string(99, 'a') + "\xC3\xA9" + std::string(5000, 'b');
+    EXPECT_TRUE(SavedGameMessage(game, 60).starts_with(
+        "This game was saved by " + std::string(99, 'a') + "\u2026. He or she earned"));
     EXPECT_EQ(SavedGameScore("  812abc"), 812);
     EXPECT_EQ(SavedGameScore("-340"), -340);
     EXPECT_EQ(SavedGameScore("many"), 0);

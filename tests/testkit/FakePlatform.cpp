@@ -138,8 +138,13 @@ void FakePlatform::showForm(Form& form, bool modal) {
     shown_.insert(&form);
     form.setVisibleFlag(true);
     log_.push_back("show " + form.name() + (modal ? " modal" : ""));
-    if (!modal)
+    if (!modal) {
+        if (form.Activate) {
+            auto activate = form.Activate;  // the handler may unload the form
+            activate();
+        }
         return;
+    }
     // Everything else waits behind a modal form.
     std::vector<Form*> disabled;
     for (Form* other : shown_)

@@ -48,6 +48,7 @@ GameFileDialog::GameFileDialog(Program& prog, const std::string& name, const std
 
     File1.Click = [this] { File1_Click(); };
     File1.DblClick = [this] { cmdOK_Click(); };
+    txtGameName.KeyEnter = [this] { txtGameName_KeyEnter(); };
     cmdOK.Click = [this] { cmdOK_Click(); };
     cmdCancel.Click = [this] { cmdCancel_Click(); };
 }

@@ -216,7 +216,14 @@ std::string SavedGameComment(long long score) {
 
 std::string SavedGameMessage(const SavedGame& game, int currentSeconds) {
     const long long score = SavedGameScore(game.scoreText);
-    const std::string name = game.userName.empty() ? kAnonymousUser : game.userName;
+    std::string name = game.userName.empty() ? kAnonymousUser : game.userName;
+    // A name no dialog would have typed is cut, so the box stays a box; never mid-character.
+    if (name.size() > kMaxShownNameBytes) {
+        std::size_t cut = kMaxShownNameBytes;
+        while (cut > 0 && (static_cast<unsigned char>(name[cut]) & 0xC0) == 0x80)
+            --cut;
+        name = name.substr(0, cut) + "\u2026";
+    }
     std::string text = "This game was saved by " + name + ". He or she " + SavedGameComment(score) +
                        " score of " + formatScore(score) + " in this game. " + "\n";
     text += game.custom ? "Customized scoring was in effect when this game was played. "

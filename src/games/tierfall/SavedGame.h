@@ -25,6 +25,8 @@ struct SavedGame {
 // A saved game is a few hundred lines: anything larger is not one.
 inline constexpr std::size_t kMaxSavedGameBytes = 1024 * 1024;
 inline constexpr const char* kAnonymousUser = "an anonymous user";
+// The most of a player's name the opening message shows.
+inline constexpr std::size_t kMaxShownNameBytes = 100;
 
 // The file of the last game played: CardGoal, RoundSeconds, LastScore, CustomScoring,
 // the name ("an anonymous user" when empty) and the round decks that were filled.

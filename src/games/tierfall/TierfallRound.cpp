@@ -70,7 +70,7 @@ void frmTierfall::DisableCommandButtons(bool disable) {
 }
 
 void frmTierfall::EnableGameOptions(bool enabled) {
-    enable(mnuOpen, enabled);
+    mnuOpen.setEnabled(enabled);
     mnuTime.setEnabled(enabled);
     mnuGoal.setEnabled(enabled);
     mnuCustom.setEnabled(enabled);
@@ -88,10 +88,10 @@ void frmTierfall::mnuPlay_Click() {
 
 void frmTierfall::PlayCommand(bool fromMenu) {
     // The menu's way differs a little: the splash stops only being shown, and no tune.
-    if (!fromMenu) {
+    // Nothing of a game in progress can be saved, whichever way it started.
+    mnuSave.setEnabled(false);
+    if (!fromMenu)
         Timer4.stop();
-        enable(mnuSave, false);
-    }
     frmSplash.setVisible(false);
     if (cmdPlay.caption() == "&Play") {
         cmdPlay.setToolTipText("Ends the game in progress");
@@ -203,7 +203,7 @@ void frmTierfall::EndGame() {
     }
     cmdTakeScore->setToolTipText("Replays the last game");
     EnableGameOptions(true);
-    enable(mnuSave, true);
+    mnuSave.setEnabled(true);
     mnuPlay.setEnabled(true);
     mnuPause.setEnabled(false);
 
@@ -496,7 +496,7 @@ void frmTierfall::ShowGameOver() {
         c->setEnabled(true);
     }
     cmdTakeScore->setToolTipText("Replays the last game");
-    enable(mnuSave, true);
+    mnuSave.setEnabled(true);
     EnableGameOptions(true);
     cmdPause.setEnabled(false);
     mnuPause.setEnabled(false);

@@ -50,6 +50,10 @@ Shape& boxShape(Form& f, const std::string& name, Color fill) {
     return s;
 }
 
+Menu& menuNamed(Form& f, const std::string& name) {
+    return static_cast<Menu&>(*f.find(name));
+}
+
 Control& boxLabel(Form& f, const std::string& name, const std::string& caption, double size) {
     Control& l = f.add<Control>(ControlKind::Label, name, -1, nullptr);
     l.setCaption(caption);
@@ -77,11 +81,18 @@ frmTierfall::frmTierfall(Program& prog, const GameInfo& info)
       ElevensBevelBottom(boxShape(*this, "ElevensBevelBottom", kBevel)),
       lblElevens(boxLabel(*this, "lblElevens", GoalCaption(board.CardGoal), 10)),
       lblCurrentElevens(boxLabel(*this, "lblCurrentElevens", "0", 16)),
+      mnuSave(addMenuAfter("mnuSave", "Sa&ve Last Game...", menuNamed(*this, "mnuBreak0"))),
+      mnuOpen(addMenuAfter("mnuOpen", "&Open Game...", mnuSave)),
       mnuGoal(addMenuAfter("mnuGoal", "Card &Goal", mnuTime)),
       mnuDrawTimer(addMenuAfter("mnuDrawTimer", "Count &Down when taking score",
                                 addMenuAfter("mnuSep1", "-", mnuSounds))),
       mnuColor(addMenuAfter("mnuColor", "&Card Selection Color", mnuDrawTimer)) {
     BuildOptionMenus();
+    addMenuAfter("mnuSep11", "-", mnuOpen);
+    mnuSave.setEnabled(false);  // until a game has been played
+    mnuSave.Click = [this] { mnuSave_Click(); };
+    mnuOpen.Click = [this] { mnuOpen_Click(); };
+    Activate = [this] { Form_Activate(); };
     lblCardCount.setForeColor(colors::White);
     lblCurrentTotal.setForeColor(colors::Blue);
     lblCurrentElevens.setForeColor(colors::Blue);

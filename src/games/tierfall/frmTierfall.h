@@ -40,9 +40,8 @@ public:
     Shape& ElevensBevelBottom;
     Control& lblElevens;
     Control& lblCurrentElevens;
-    // Saving and opening come with saved games; until then they are absent.
-    Menu* mnuSave = nullptr;
-    Menu* mnuOpen = nullptr;
+    Menu& mnuSave;
+    Menu& mnuOpen;
     Menu& mnuGoal;
     std::array<Menu*, 6> mnuGoals{};  // mnu10 to mnu15
     Menu& mnuDrawTimer;
@@ -81,6 +80,14 @@ public:
     void mnuDrawTimer_Click();
     void mnuScoring_Click();
 
+    // ---- Saved games (TierfallSavedGames.cpp)
+    void mnuSave_Click();
+    void mnuOpen_Click();
+    // Reads a saved game and starts its replay; false, after a message, when it can't.
+    bool OpenSavedGame(const std::string& fileName);
+    // The first activation opens the saved game the program was started with.
+    void Form_Activate();
+
     // ---- Rounds and scoring (TierfallRound.cpp)
     // A new game, or the replay of the last: false when it couldn't start (the form is gone).
     bool Play();
@@ -117,6 +124,8 @@ private:
     enum class BoardFace { Hidden, Backs, Faces };
 
     void BuildOptionMenus();
+    // A saved game's time limit: the menu's entry when it has one, else no entry checked.
+    void ApplySavedTimeLimit(int seconds);
 
     // What a combination pays and what a card costs when it goes back onto the board.
     void PayCombination(const TierfallBoard::Combination& combination);
@@ -157,6 +166,7 @@ private:
                   int y, int w, int h);
 
     BoardFace face_ = BoardFace::Hidden;
+    bool activated_ = false;
     bool lowerShown_ = false;
     // Design twips to form twips, set by LayoutBoard.
     double scale_ = 1.0;
