@@ -166,6 +166,18 @@ TEST(SavedGameDialogs, AnExistingFileIsReplacedOnlyOnYes) {
                     {"msgbox Tierfall | question | " + std::string(kOverwrite) + " -> No",
                      "msgbox Tierfall | question | " + std::string(kOverwrite) + " -> Yes"}));
 
+    // The name without its ".tfl" is asked about too: No keeps the old game.
+    d.write("old.tfl", "kept");
+    d.t.fake.queueAnswer(MsgResult::No);
+    EXPECT_FALSE(d.save([&](frmSave& f) {
+        f.txtGameName.setText("old");
+        d.click("frmSave", "cmdOK");
+        EXPECT_TRUE(f.visible());
+        d.click("frmSave", "cmdCancel");
+    }));
+    EXPECT_EQ(d.read("old.tfl"), "kept");
+    EXPECT_EQ(d.t.fake.messages().back(), kOverwrite);
+
     // A double click on a listed file saves over it, after the same question.
     d.write("other.tfl", "another");
     d.t.fake.queueAnswer(MsgResult::Yes);

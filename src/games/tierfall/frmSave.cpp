@@ -40,16 +40,18 @@ void frmSave::cmdOK_Click() {
     std::string name = txtGameName.text();
     if (!plainFileName(name))
         return SaveError();
-    // The name as typed is asked about; the old file stays whole until the new one is in.
-    if (fileExists(folder + name) &&
+    const std::string typed = name;
+    if (name.find('.') == std::string::npos)
+        name += ".tfl";
+    // Asked about the name as typed and the name written alike: "evening" must not
+    // silently replace "evening.tfl". The old file stays whole until the new one is in.
+    if ((fileExists(folder + typed) || fileExists(folder + name)) &&
         prog_.msg("A file of that name already exists. Overwrite?", MsgButtons::YesNo,
                   MsgIcon::Question) != MsgResult::Yes)
         return;
     if (txtUserName.text().empty())
         txtUserName.setText(kAnonymousUser);
     const std::string text = SavedGameText(prog_.state, txtUserName.text());
-    if (name.find('.') == std::string::npos)
-        name += ".tfl";
     if (!writeFileAtomic(folder + name, text))
         return SaveError();
     if (Saved)
