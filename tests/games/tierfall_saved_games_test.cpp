@@ -5,18 +5,18 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "TierfallTable.h"
 #include "common/FileStore.h"
 #include "games/tierfall/SavedGame.h"
 #include "games/tierfall/frmOpen.h"
 #include "games/tierfall/frmSave.h"
 #include "shell/Startup.h"
-#include "TierfallTable.h"
 
 namespace corvanna {
 
-using tierfall_test::openTierfall;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using tierfall_test::openTierfall;
 
 namespace {
 
@@ -84,10 +84,10 @@ TEST(TierfallSavedGames, MenusStandInTheGameMenuAndWaitForAGameToEnd) {
     std::vector<std::string> gameMenu;
     for (Menu* m : f.mnuFile.children())
         gameMenu.push_back(m->name() + " " + m->caption());
-    EXPECT_THAT(gameMenu, ElementsAre("mnuPlay &Play", "mnuTakeScore &Take Score",
-                                      "mnuPause Pau&se", "mnuBreak0 -",
-                                      "mnuSave Sa&ve Last Game...", "mnuOpen &Open Game...",
-                                      "mnuSep11 -", "mnuExit E&xit"));
+    EXPECT_THAT(gameMenu,
+                ElementsAre("mnuPlay &Play", "mnuTakeScore &Take Score", "mnuPause Pau&se",
+                            "mnuBreak0 -", "mnuSave Sa&ve Last Game...", "mnuOpen &Open Game...",
+                            "mnuSep11 -", "mnuExit E&xit"));
     EXPECT_FALSE(f.mnuSave.enabled());
     EXPECT_TRUE(f.mnuOpen.enabled());
 
@@ -199,8 +199,9 @@ TEST(TierfallSavedGames, ADifferentTimeLimitIsOfferedAndNoKeepsTheOwn) {
     t.fake.queueAnswer(MsgResult::No);
     t.fake.takeLog();
     openThroughMenu(t, t.dataDir(), "short.tfl");
-    EXPECT_THAT(t.fake.takeLog(), ::testing::Contains("msgbox Saved Game Information | question | " +
-                                                      question + " -> No"));
+    EXPECT_THAT(
+        t.fake.takeLog(),
+        ::testing::Contains("msgbox Saved Game Information | question | " + question + " -> No"));
     EXPECT_EQ(g.RoundSeconds, 90);
     EXPECT_TRUE(g.GameInProgress);
 
@@ -236,7 +237,8 @@ TEST(TierfallSavedGames, ADamagedFileChangesNothingAndTheDialogStaysOpen) {
     const std::vector<std::pair<std::string, std::string>> damaged{
         {"cut.tfl", goal14.substr(0, goal14.size() / 2)},
         {"first.tfl", "[Time Limit]\r\n90\r\n" + goal14},
-        {"card.tfl", [&] {
+        {"card.tfl",
+         [&] {
              std::string s = goal14;
              s.replace(s.find("\r\n13S\r\n"), 7, "\r\n14S\r\n");
              return s;
@@ -263,9 +265,8 @@ TEST(TierfallSavedGames, ADamagedFileChangesNothingAndTheDialogStaysOpen) {
     });
     t.click("frmTierfall", "mnuOpen");
     EXPECT_EQ(t.fake.messages(), std::vector<std::string>(damaged.size() + 1, kOpenError));
-    EXPECT_THAT(t.fake.takeLog(),
-                ::testing::Contains("msgbox Tierfall! | critical | " + std::string(kOpenError) +
-                                    " -> OK"));
+    EXPECT_THAT(t.fake.takeLog(), ::testing::Contains("msgbox Tierfall! | critical | " +
+                                                      std::string(kOpenError) + " -> OK"));
     EXPECT_EQ(g.Tierfall.CardGoal, 11);
     EXPECT_TRUE(f.mnuGoals[1]->checked());
     EXPECT_EQ(g.Tierfall.RoundDecks, decksBefore);

@@ -42,8 +42,8 @@ bool frmTierfall::OpenSavedGame(const std::string& fileName) {
 
     const std::string message = SavedGameMessage(game, g_.RoundSeconds);
     if (game.seconds != g_.RoundSeconds) {
-        if (prog_.platform.msgBox(message, MsgButtons::YesNo, MsgIcon::Question,
-                                  kSavedGameTitle) == MsgResult::Yes)
+        if (prog_.platform.msgBox(message, MsgButtons::YesNo, MsgIcon::Question, kSavedGameTitle) ==
+            MsgResult::Yes)
             ApplySavedTimeLimit(game.seconds);
     } else {
         prog_.platform.msgBox(message, MsgButtons::OK, MsgIcon::Information, kSavedGameTitle);
