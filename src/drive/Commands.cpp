@@ -116,43 +116,32 @@ std::vector<std::string> Driver::commandHelp() {
     return out;
 }
 
-void Driver::cmdClick(const std::string& args) {
+void Driver::userInput(const std::string& args, const char* usage,
+                       bool (*input)(Control&, std::string*), bool textBoxOnly) {
     const auto w = words(args);
     if (w.size() != 1)
-        return error("usage: click FORM.CONTROL[(INDEX)]");
+        return error(std::string("usage: ") + usage);
     Control* c = findControl(w[0]);
     if (!c)
         return;
-    std::string why;
-    if (!userClick(*c, &why))
-        error(why);
-}
-
-void Driver::cmdDblClick(const std::string& args) {
-    const auto w = words(args);
-    if (w.size() != 1)
-        return error("usage: dblclick FORM.CONTROL[(INDEX)]");
-    Control* c = findControl(w[0]);
-    if (!c)
-        return;
-    std::string why;
-    if (!userDblClick(*c, &why))
-        error(why);
-}
-
-void Driver::cmdEnter(const std::string& args) {
-    const auto w = words(args);
-    if (w.size() != 1)
-        return error("usage: enter FORM.CONTROL");
-    Control* c = findControl(w[0]);
-    if (!c)
-        return;
-    if (!dynamic_cast<TextBox*>(c))
+    if (textBoxOnly && !dynamic_cast<TextBox*>(c))
         return error(c->form().name() + "." + c->fullName() + " is a " + kindText(*c) +
                      ", not a text box");
     std::string why;
-    if (!userKeyEnter(*c, &why))
+    if (!input(*c, &why))
         error(why);
+}
+
+void Driver::cmdClick(const std::string& args) {
+    userInput(args, "click FORM.CONTROL[(INDEX)]", userClick);
+}
+
+void Driver::cmdDblClick(const std::string& args) {
+    userInput(args, "dblclick FORM.CONTROL[(INDEX)]", userDblClick);
+}
+
+void Driver::cmdEnter(const std::string& args) {
+    userInput(args, "enter FORM.CONTROL", userKeyEnter, true);
 }
 
 void Driver::cmdType(const std::string& args) {

@@ -60,6 +60,9 @@ private:
     bool windowReachable(const Form& f, std::string& why) const;
 
     // The commands (Commands.cpp).
+    // One control's input as a user gives it: a click, a double click, Enter.
+    void userInput(const std::string& args, const char* usage,
+                   bool (*input)(Control&, std::string*), bool textBoxOnly = false);
     void cmdClick(const std::string& args);
     void cmdDblClick(const std::string& args);
     void cmdEnter(const std::string& args);

@@ -239,6 +239,12 @@ std::string ListControl::property(const std::string& p) const {
         return std::to_string(listIndex_);
     if (p == "ListCount")
         return std::to_string(items_.size());
+    // List(0) ... List(ListCount - 1); not in a dump, where a folder's files would flood it.
+    if (p.rfind("List(", 0) == 0 && p.back() == ')') {
+        int n;
+        if (toInt(p.substr(5, p.size() - 6), n) && n >= 0 && n < static_cast<int>(items_.size()))
+            return items_[static_cast<std::size_t>(n)];
+    }
     return Control::property(p);
 }
 

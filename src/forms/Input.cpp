@@ -22,26 +22,21 @@ bool reachable(const Control& control, std::string* whyNot) {
         return refuse("is disabled");
     return true;
 }
+
+void run(const std::function<void()>& event) {
+    if (event) {
+        auto handler = event;  // the handler may unload the form, and the control with it
+        handler();
+    }
+}
 }  // namespace
 
 bool userDblClick(Control& control, std::string* whyNot) {
-    if (!reachable(control, whyNot))
-        return false;
-    if (control.DblClick) {
-        auto handler = control.DblClick;  // the handler may unload the form
-        handler();
-    }
-    return true;
+    return reachable(control, whyNot) && (run(control.DblClick), true);
 }
 
 bool userKeyEnter(Control& control, std::string* whyNot) {
-    if (!reachable(control, whyNot))
-        return false;
-    if (control.KeyEnter) {
-        auto handler = control.KeyEnter;  // the handler may unload the form
-        handler();
-    }
-    return true;
+    return reachable(control, whyNot) && (run(control.KeyEnter), true);
 }
 
 bool userClick(Control& control, std::string* whyNot) {
@@ -66,10 +61,7 @@ bool userClick(Control& control, std::string* whyNot) {
                 sib->setChecked(false);
         control.setChecked(true);
     }
-    if (control.Click) {
-        auto handler = control.Click;  // the handler may unload the form
-        handler();
-    }
+    run(control.Click);
     return true;
 }
 
