@@ -12,6 +12,10 @@ inline constexpr const char* kHomePageUrl = "https://www.example.org/velmora/";
 // The high score page, opened from the High Scores dialog.
 inline constexpr const char* kHighScorePageUrl = "https://www.example.org/orlund/High%20Scores.htm";
 
+// Who keeps the high score page, and takes the listings players send by e-mail.
+inline constexpr const char* kHighScoreKeeperName = "Orlund";
+inline constexpr const char* kHighScoreKeeperAddress = "highscores@example.org";
+
 void OpenWebPage(Program& prog, const std::string& url);
 
 }  // namespace corvanna

@@ -161,6 +161,8 @@ void Driver::cmdType(const std::string& args) {
     std::string why;
     if (!reachable(*box, why))
         return error(why);
+    if (box->locked())
+        return error(box->form().name() + "." + box->fullName() + " is locked");
     box->setText(text);
 }
 

@@ -181,9 +181,18 @@ void TextBox::setText(const std::string& t) {
         Change();
 }
 
+void TextBox::setLocked(bool v) {
+    if (v == locked_)
+        return;
+    locked_ = v;
+    notify(Prop::Style);
+}
+
 std::string TextBox::property(const std::string& p) const {
     if (p == "Text")
         return text_;
+    if (p == "Locked")
+        return locked_ ? "True" : "False";
     return Control::property(p);
 }
 
@@ -197,6 +206,7 @@ std::vector<std::string> TextBox::propertyNames() const {
     auto names = Control::propertyNames();
     names.erase(names.begin());  // a text box has no caption
     names.insert(names.begin(), "Text");
+    names.push_back("Locked");
     return names;
 }
 

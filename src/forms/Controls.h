@@ -92,6 +92,12 @@ public:
     void setText(const std::string& t);  // fires Change when the text differs
     int maxLength() const { return maxLength_; }
     void setMaxLength(int n) { maxLength_ = n; }
+    // Shown but not typed into.
+    bool locked() const { return locked_; }
+    void setLocked(bool v);
+    // Several lines, with Enter starting a new one; chosen before the form is first shown.
+    bool multiLine() const { return multiLine_; }
+    void setMultiLine(bool v) { multiLine_ = v; }
     int selStart = 0, selLength = 0;
 
     std::string property(const std::string& prop) const override;
@@ -101,6 +107,8 @@ public:
 private:
     std::string text_;
     int maxLength_ = 0;
+    bool locked_ = false;
+    bool multiLine_ = false;
 };
 
 // Combo and list boxes: a list of items and the chosen one.

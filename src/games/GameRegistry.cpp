@@ -53,6 +53,8 @@ std::vector<GameInfo> makeGames() {
     t.bonusKey = "Bonus Round Score";
     t.clearPause = DialogPause::Never;
     t.hintLine = "Click on exposed cards to total 11!   ";
+    t.submitMinimum = 175000;
+    t.submitSeconds = 90;
     games.push_back(t);
 
     GameInfo f = base("fivestack", "Fivestack");
@@ -87,6 +89,8 @@ std::vector<GameInfo> makeGames() {
     f.bonusKey = "BonusScore";
     f.clearPause = DialogPause::ByPauseButton;
     f.hintLine = "Click on Hit buttons to create columns of 21!   ";
+    f.submitMinimum = 600000;
+    f.submitSeconds = 60;
     games.push_back(f);
 
     GameInfo h = base("hitspree", "Hitspree");
@@ -143,6 +147,8 @@ std::vector<GameInfo> makeGames() {
     h.bonusKey = "Bonus Round Score";
     h.clearPause = DialogPause::Never;
     h.hintLine = "Create columns of 21 to increase bonus score!";
+    h.submitMinimum = 700000;
+    h.submitSeconds = 90;
     games.push_back(h);
 
     GameInfo s = base("spirefold", "Spirefold");
@@ -167,6 +173,8 @@ std::vector<GameInfo> makeGames() {
                       "Count Down Score", "Time Bonus",  "State",       "Width",
                       "Height",           "Deck"};
     s.hintLine = "Create runs by clicking on exposed cards!   ";
+    s.submitMinimum = 90000;
+    s.submitSeconds = 45;
     games.push_back(s);
 
     GameInfo d = base("duomatch", "Duomatch");
@@ -188,6 +196,8 @@ std::vector<GameInfo> makeGames() {
                       "Pairs Bonus", "Runs Bonus", "Time Bonus",  "Bonus Score", "Completion Bonus",
                       "State",       "Width",      "Height",      "Deck"};
     d.hintLine = "Create runs by clicking on exposed cards!   ";
+    d.submitMinimum = 140000;
+    d.submitSeconds = 45;
     games.push_back(d);
 
     GameInfo g = base("gridflush", "Gridflush");
@@ -235,6 +245,8 @@ std::vector<GameInfo> makeGames() {
                       "Width",
                       "Height"};
     g.hintLine = "Click on cards to get the best Poker hand!   ";
+    g.submitMinimum = 130000;
+    g.submitSeconds = 75;
     games.push_back(g);
 
     GameInfo c = base("colclear", "Colclear");
@@ -268,6 +280,8 @@ std::vector<GameInfo> makeGames() {
                       "Runs Score", "Flush Score", "Deck Completion", "LeftOverCards",
                       "State",      "Width",       "Height"};
     c.hintLine = "Create runs and triples by moving available cards!   ";
+    c.submitMinimum = 225000;
+    c.submitSeconds = 120;
     games.push_back(c);
 
     GameInfo l = base("lettermine", "Lettermine");
@@ -284,6 +298,8 @@ std::vector<GameInfo> makeGames() {
                       "Guess Bonus", "Guess Count", "ShowPhrase",  "State",
                       "Width",       "Height",      "Topic"};
     l.hintLine = "Discover the phrase by selecting available letters  ";
+    l.submitMinimum = 430000;
+    l.submitSeconds = 45;
     games.push_back(l);
 
     GameInfo w = base("wildslot", "Wildslot");
@@ -306,6 +322,8 @@ std::vector<GameInfo> makeGames() {
     w.countDownKey = "Count Down";
     w.clearPause = DialogPause::ByPauseButton;
     w.bonusLine = " for bonus round.  ";
+    w.submitMinimum = 13000000;
+    w.submitSeconds = 90;
     games.push_back(w);
     return games;
 }

@@ -19,6 +19,18 @@ enum class UrlResult { Opened, NoBrowser, Failed };
 const char* msgIconName(MsgIcon icon);
 const char* msgResultName(MsgResult r);
 
+// One e-mail handed to the user's own mail program, which shows it for sending.
+struct MailMessage {
+    std::string recipientName;
+    std::string recipientAddress;
+    std::string subject;
+    std::string body;  // lines end in "\r\n"
+};
+struct MailResult {
+    bool sent = false;
+    std::string error;  // when not sent: what failed, in words a user can act on
+};
+
 // A local date and time, to the millisecond.
 struct DateTime {
     int year = 2000, month = 1, day = 1, hour = 0, minute = 0, second = 0, msec = 0;
@@ -58,6 +70,8 @@ public:
     virtual void stopMusic() = 0;
     // Hands the address to the user's browser.
     virtual UrlResult openUrl(const std::string& url) = 0;
+    // Hands the message to the user's mail program; it doesn't wait for the sending.
+    virtual MailResult sendMail(const MailMessage& mail) = 0;
 
     // End the program once the current handler returns.
     virtual void quit() = 0;

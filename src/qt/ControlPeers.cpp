@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStatusBar>
@@ -281,6 +282,28 @@ protected:
     }
 };
 
+// What a one-line and a many-line text box show alike: locked, focus, colours.
+template <class W>
+bool applyEditing(W* w, const TextBox& box, Prop p) {
+    switch (p) {
+        case Prop::Style: w->setReadOnly(box.locked()); return true;
+        case Prop::Focus:
+            w->setFocus(Qt::OtherFocusReason);
+            w->selectAll();
+            return true;
+        case Prop::ForeColor:
+        case Prop::BackColor: {
+            QPalette pal = w->palette();
+            pal.setColor(QPalette::Base, toQColor(box.backColor()));
+            pal.setColor(QPalette::Active, QPalette::Text, toQColor(box.foreColor()));
+            pal.setColor(QPalette::Inactive, QPalette::Text, toQColor(box.foreColor()));
+            w->setPalette(pal);
+            return true;
+        }
+        default: return false;
+    }
+}
+
 class TextPeer : public ControlPeer {
 public:
     using ControlPeer::ControlPeer;
@@ -317,22 +340,55 @@ protected:
         auto* w = static_cast<QLineEdit*>(widget_.data());
         switch (p) {
             case Prop::Text: sync(); break;
-            case Prop::Focus:
-                w->setFocus(Qt::OtherFocusReason);
-                w->selectAll();
-                break;
-            case Prop::ForeColor:
-            case Prop::BackColor: {
-                QPalette pal = w->palette();
-                pal.setColor(QPalette::Base, toQColor(model_->backColor()));
-                pal.setColor(QPalette::Active, QPalette::Text, toQColor(model_->foreColor()));
-                pal.setColor(QPalette::Inactive, QPalette::Text, toQColor(model_->foreColor()));
-                w->setPalette(pal);
-                break;
-            }
-            default: ControlPeer::apply(p);
+            default:
+                if (!applyEditing(w, static_cast<TextBox&>(*model_), p))
+                    ControlPeer::apply(p);
         }
     }
+};
+
+// A text box of several lines. The model's text has "\n" line ends, as the widget's.
+class MultiLineTextPeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        auto* w = new QPlainTextEdit(parent);
+        w->setTabChangesFocus(true);
+        QObject::connect(w, &QPlainTextEdit::textChanged, w, [this, w] {
+            if (!model_ || syncing_)
+                return;
+            auto& box = static_cast<TextBox&>(*model_);
+            box.setText(w->toPlainText().toStdString());
+            if (model_ && widget_ && qs(box.text()) != w->toPlainText())
+                sync();  // the model cut it to its MaxLength
+        });
+        return w;
+    }
+    Qt::CursorShape defaultCursor() const override { return Qt::IBeamCursor; }
+    bool hasOwnCursor() const override { return true; }
+    void sync() {
+        auto* w = static_cast<QPlainTextEdit*>(widget_.data());
+        const QString t = qs(static_cast<TextBox&>(*model_).text());
+        if (w->toPlainText() == t)
+            return;
+        syncing_ = true;
+        w->setPlainText(t);
+        syncing_ = false;
+    }
+    void apply(Prop p) override {
+        auto* w = static_cast<QPlainTextEdit*>(widget_.data());
+        switch (p) {
+            case Prop::Text: sync(); break;
+            default:
+                if (!applyEditing(w, static_cast<TextBox&>(*model_), p))
+                    ControlPeer::apply(p);
+        }
+    }
+
+private:
+    bool syncing_ = false;
 };
 
 // Check boxes and option buttons: the value is the model's, the click is the user's.
@@ -518,7 +574,10 @@ std::unique_ptr<ControlPeer> makePeer(Control& c, FormWindow& w) {
         case ControlKind::Shape: return std::make_unique<ShapePeer>(c, w);
         case ControlKind::PictureBox: return std::make_unique<PictureBoxPeer>(c, w);
         case ControlKind::Frame: return std::make_unique<FramePeer>(c, w);
-        case ControlKind::TextBox: return std::make_unique<TextPeer>(c, w);
+        case ControlKind::TextBox:
+            if (static_cast<TextBox&>(c).multiLine())
+                return std::make_unique<MultiLineTextPeer>(c, w);
+            return std::make_unique<TextPeer>(c, w);
         case ControlKind::CheckBox:
         case ControlKind::OptionButton: return std::make_unique<CheckPeer>(c, w);
         case ControlKind::ComboBox: return std::make_unique<ItemsPeer<QComboBox>>(c, w);

@@ -51,6 +51,7 @@ public:
     void startMusic(const std::string& path) override;
     void stopMusic() override;
     UrlResult openUrl(const std::string& url) override;
+    MailResult sendMail(const MailMessage& mail) override;  // MailSender.cpp
     void quit() override;
 
     void timerChanged(Timer& timer) override;

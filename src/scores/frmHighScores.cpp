@@ -9,6 +9,7 @@
 #include "scores/HighScoreTable.h"
 #include "scores/HighScores.h"
 #include "scores/ScoreMenus.h"
+#include "scores/frmComposeHighScore.h"
 
 namespace corvanna {
 
@@ -258,10 +259,7 @@ void frmHighScores::cmdHighScores_Click() {
 }
 
 void frmHighScores::cmdSendScore_Click() {
-    prog_.msg(
-        "Sending a high score to the website will come with a later version of The "
-        "Corvanna Collection.",
-        MsgButtons::OK, MsgIcon::Information);
+    ShowComposeHighScore(prog_, *this);
 }
 
 void frmHighScores::Form_Unload() {

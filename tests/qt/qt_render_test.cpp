@@ -15,6 +15,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTemporaryDir>
@@ -356,6 +357,13 @@ TEST_F(QtRender, TextListAndComboFeedTheModel) {
     list.addItem("one");
     list.addItem("two");
     list.addItem("three");
+    int enters = 0, doubleClicks = 0;
+    name.KeyEnter = [&] { ++enters; };
+    list.DblClick = [&] { ++doubleClicks; };
+    auto& sample = form->add<TextBox>("txtSample", -1, nullptr);
+    sample.setLocked(true);
+    auto& notes = form->add<TextBox>("txtNotes", -1, nullptr);
+    notes.setMultiLine(true);
     Control& hand = form->addControl(ControlKind::Image, "imgHand");
     hand.setMouseIcon("POINTER");
     platform->showForm(*form, false);
@@ -371,6 +379,22 @@ TEST_F(QtRender, TextListAndComboFeedTheModel) {
     name.setText("Bo");
     EXPECT_EQ(edit->text(), "Bo");
     EXPECT_EQ(changes, 2);
+    emit edit->returnPressed();
+    EXPECT_EQ(enters, 1);
+    EXPECT_FALSE(edit->isReadOnly());
+    auto* shown = widget<QLineEdit>(sample);
+    ASSERT_NE(shown, nullptr);
+    EXPECT_TRUE(shown->isReadOnly());
+    sample.setLocked(false);
+    EXPECT_FALSE(shown->isReadOnly());
+
+    // Several lines come back to the model as typed, line breaks and all.
+    auto* lines = widget<QPlainTextEdit>(notes);
+    ASSERT_NE(lines, nullptr);
+    lines->insertPlainText("first\nsecond");
+    EXPECT_EQ(notes.text(), "first\nsecond");
+    notes.setText("set by the program");
+    EXPECT_EQ(lines->toPlainText(), "set by the program");
 
     auto* box = widget<QComboBox>(combo);
     ASSERT_NE(box, nullptr);
@@ -388,6 +412,8 @@ TEST_F(QtRender, TextListAndComboFeedTheModel) {
     ASSERT_EQ(rows->count(), 3);
     rows->setCurrentRow(2);  // as a click on the third row does
     EXPECT_EQ(list.listIndex(), 2);
+    emit rows->itemDoubleClicked(rows->item(2));
+    EXPECT_EQ(doubleClicks, 1);
     list.clear();
     EXPECT_EQ(rows->count(), 0);
 

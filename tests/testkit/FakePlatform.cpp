@@ -204,6 +204,14 @@ UrlResult FakePlatform::openUrl(const std::string& url) {
     return urlResult;
 }
 
+MailResult FakePlatform::sendMail(const MailMessage& mail) {
+    mails_.push_back(mail);
+    log_.push_back("mail " + mail.recipientName + " <" + mail.recipientAddress + "> | " +
+                   mail.subject + " | " + mail.body + " -> " +
+                   (mailResult.sent ? std::string("sent") : "failed: " + mailResult.error));
+    return mailResult;
+}
+
 void FakePlatform::quit() {
     quit_ = true;
     log_.push_back("quit");

@@ -37,6 +37,8 @@ public:
     // Input that arrives at the next DoEvents or return to the loop.
     void post(std::function<void()> input) { input_.push_back(std::move(input)); }
     UrlResult urlResult = UrlResult::Opened;
+    // What the next mails get back from the "mail program".
+    MailResult mailResult{true, ""};
 
     // ---- Records
     // "msgbox TITLE | ICON | TEXT -> ANSWER", "sound NAME", "music start", "url URL", "show F", ...
@@ -44,6 +46,7 @@ public:
     const std::vector<std::string>& log() const { return log_; }
     std::vector<std::string> takeErrors();
     std::vector<std::string> messages() const;  // the texts of every message box so far
+    const std::vector<MailMessage>& mails() const { return mails_; }  // every mail handed over
     bool quitRequested() const { return quit_; }
     int sleepDepth() const { return sleeping_; }
     bool isRunning(const Timer& t) const { return timers_.count(const_cast<Timer*>(&t)) != 0; }
@@ -66,6 +69,7 @@ public:
     void startMusic(const std::string& path) override;
     void stopMusic() override;
     UrlResult openUrl(const std::string& url) override;
+    MailResult sendMail(const MailMessage& mail) override;
     void quit() override;
     void timerChanged(Timer& timer) override;
     void timerDestroyed(Timer& timer) override;
@@ -93,6 +97,7 @@ private:
     std::vector<std::string> log_;
     std::vector<std::string> errors_;
     std::vector<std::string> messages_;
+    std::vector<MailMessage> mails_;
     int sleeping_ = 0;
     bool quit_ = false;
 };

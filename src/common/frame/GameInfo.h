@@ -111,6 +111,11 @@ struct GameInfo {
     std::string bonusLine = " for Bonus Round!   ";  // "Make " + score + this
     std::string hintLine;                            // panel 2 at the deal
 
+    // What a score sent to the high score page must reach, and the time limit it must
+    // have been played under.
+    std::int32_t submitMinimum = 0;
+    std::int16_t submitSeconds = 0;
+
     // The text before the round with this number.
     std::string roundText(int round) const;
 };
