@@ -295,6 +295,29 @@ TEST(ComposeHighScore, AMailFailureIsNamedAndTheDialogStaysOpen) {
     EXPECT_EQ(s.t.prog.state.UserHometown, "Oslo");
 }
 
+TEST(ComposeHighScore, ADamagedTableGivesAnEmptyListingThatCannotBeSent) {
+    Submission s;
+    const HighScoreChoice choice = CurrentHighScoreTable(s.t.prog);
+    ASSERT_TRUE(writeFileAtomic(HighScoreFilePath(s.t.prog, choice.tableName),
+                                std::string("\x01\x02 not a table", 15)));
+    s.t.fake.queueAnswer(MsgResult::OK);  // the Hall of Fame names the damaged file
+    s.compose([&](frmComposeHighScore& f) {
+        EXPECT_EQ(f.txtName.text(), "");
+        EXPECT_EQ(f.txtScore.text(), "");  // nothing typed yet: read as 0
+        EXPECT_EQ(f.txtSample.text(), "0 by  of Unknown");
+        s.t.fake.queueAnswer(MsgResult::OK);
+        s.click("cmdSubmit");
+        EXPECT_TRUE(s.open());
+        s.click("cmdCancel");
+    });
+    const auto messages = s.t.fake.messages();
+    ASSERT_EQ(messages.size(), 2u);
+    EXPECT_NE(messages[0].find("could not be shown"), std::string::npos);
+    EXPECT_NE(messages[1].find("minimum score of 175,000"), std::string::npos);
+    EXPECT_TRUE(s.t.fake.mails().empty());
+    EXPECT_THAT(s.t.fake.takeErrors(), ElementsAre());
+}
+
 TEST(ComposeHighScore, CancelKeepsTheDetailsForTheNextGameAndTheNextRun) {
     QTemporaryDir data;
     {
