@@ -13,14 +13,7 @@
 #include <string>
 #include <sys/resource.h>
 
-inline long residentKiB() {
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line))
-        if (line.rfind("VmRSS:", 0) == 0)
-            return std::stol(line.substr(6));
-    return -1;
-}
+#include "Resident.h"
 
 inline double cpuSeconds() {
     rusage u{};

@@ -6,9 +6,9 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <string>
 
+#include "Resident.h"
 #include "games/GameRegistry.h"
 #include "games/tierfall/frmTierfall.h"
 #include "shell/Startup.h"
@@ -16,17 +16,6 @@
 #include "testkit/TierfallBot.h"
 
 using namespace corvanna;
-
-namespace {
-long residentKiB() {
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line))
-        if (line.rfind("VmRSS:", 0) == 0)
-            return std::stol(line.substr(6));
-    return -1;
-}
-}  // namespace
 
 int main(int argc, char** argv) {
     const int games = argc > 1 ? std::atoi(argv[1]) : 10000;
