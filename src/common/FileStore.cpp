@@ -2,7 +2,13 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace corvanna {
 
@@ -44,26 +50,100 @@ ReadStatus readWholeFile(const std::string& path, std::string& out, std::string*
     return ReadStatus::Ok;
 }
 
-bool writeFileAtomic(const std::string& path, const std::string& bytes, std::string* error) {
-    QSaveFile f(QString::fromStdString(path));
-    if (!f.open(QIODevice::WriteOnly)) {
-        if (error)
-            *error = f.errorString().toStdString();
-        return false;
-    }
-    if (f.write(bytes.data(), static_cast<qint64>(bytes.size())) !=
-        static_cast<qint64>(bytes.size())) {
-        if (error)
-            *error = f.errorString().toStdString();
-        f.cancelWriting();
-        return false;
-    }
-    if (!f.commit()) {
-        if (error)
-            *error = f.errorString().toStdString();
-        return false;
+namespace {
+
+std::optional<std::size_t> g_failAtByte;
+
+std::string systemError(int err) {
+    return std::strerror(err);
+}
+
+// Writes all of it, as far as a fault planted by a test lets it.
+bool writeAll(int fd, const std::string& bytes) {
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        std::size_t chunk = bytes.size() - done;
+        if (g_failAtByte) {
+            if (done >= *g_failAtByte) {
+                errno = ENOSPC;
+                return false;
+            }
+            chunk = std::min(chunk, *g_failAtByte - done);
+        }
+        const ssize_t n = ::write(fd, bytes.data() + done, chunk);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            return false;
+        }
+        done += static_cast<std::size_t>(n);
     }
     return true;
+}
+
+}  // namespace
+
+void failWritesAtByte(std::optional<std::size_t> offset) {
+    g_failAtByte = offset;
+}
+
+bool writeFileAtomic(const std::string& path, const std::string& bytes, std::string* error) {
+    auto fail = [error](int err) {
+        if (error)
+            *error = systemError(err);
+        return false;
+    };
+    const std::filesystem::path target(path);
+    const std::filesystem::path folder =
+        target.has_parent_path() ? target.parent_path() : std::filesystem::path(".");
+    std::string temp =
+        (folder / ("." + target.filename().string() + kTempMarker + "XXXXXX")).string();
+    const int fd = ::mkstemp(temp.data());
+    if (fd < 0)
+        return fail(errno);
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    // The new file gets the permissions a new file gets, not mkstemp's private ones.
+    if (::fchmod(fd, 0666 & ~mask) != 0 || !writeAll(fd, bytes) || ::fsync(fd) != 0) {
+        const int err = errno;
+        ::close(fd);
+        ::unlink(temp.c_str());
+        return fail(err);
+    }
+    if (::close(fd) != 0) {
+        const int err = errno;
+        ::unlink(temp.c_str());
+        return fail(err);
+    }
+    // A rename replaces whatever has the name, a planted symbolic link included, and never
+    // writes through it.
+    if (::rename(temp.c_str(), path.c_str()) != 0) {
+        const int err = errno;
+        ::unlink(temp.c_str());
+        return fail(err);
+    }
+    // The rename itself lasts only once the folder is on disk too.
+    const int dir = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (dir >= 0) {
+        ::fsync(dir);
+        ::close(dir);
+    }
+    return true;
+}
+
+int removeStaleTempFiles(const std::string& folder) {
+    int removed = 0;
+    std::error_code ec;
+    for (const auto& e : std::filesystem::directory_iterator(folder, ec)) {
+        const std::string name = e.path().filename().string();
+        const auto at = name.rfind(kTempMarker);
+        // ".NAME.tmp-XXXXXX": what a write left behind when it was cut off.
+        if (name.size() > 1 && name[0] == '.' && at != std::string::npos &&
+            name.size() == at + std::strlen(kTempMarker) + 6 && e.is_regular_file(ec) &&
+            !e.is_symlink(ec) && std::filesystem::remove(e.path(), ec))
+            ++removed;
+    }
+    return removed;
 }
 
 }  // namespace corvanna

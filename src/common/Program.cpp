@@ -5,6 +5,8 @@
 #include <system_error>
 #include <unistd.h>
 
+#include "common/FileStore.h"
+
 namespace corvanna {
 
 Program::Program(Platform& p, std::string dataDir, std::uint64_t seed)
@@ -13,6 +15,9 @@ Program::Program(Platform& p, std::string dataDir, std::uint64_t seed)
     std::filesystem::create_directories(dataDir_, ec);
     dataDirUsable_ =
         std::filesystem::is_directory(dataDir_, ec) && ::access(dataDir_.c_str(), W_OK | X_OK) == 0;
+    // What a crash cut off is never data: gone before anything is read.
+    if (dataDirUsable_)
+        removeStaleTempFiles(dataDir_);
     platform.onCloseRequest = [this](Form& f) { requestUnload(f); };
     state.AppPath = dataDir_;
     if (state.AppPath.empty() || state.AppPath.back() != '/')

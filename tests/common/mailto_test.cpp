@@ -1,5 +1,5 @@
 // The mail as a mailto: link and as xdg-email's arguments: every character that means
-// something in a URL encoded exactly, and nothing changed on the way to xdg-email.
+// something in a URL encoded exactly, and the link handed to xdg-email as it is.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ MailMessage hostile() {
     m.subject = "Corvanna High Score Listing for Tierfall!";
     m.body =
         "190,000 by Zo\xC3\xAB \xC3\x85kesson of \"Lyon\" & 'Nice'\r\n\r\n"
-        "a?b#c%d+e=f g\nlone\rend";
+        "a?b#c%d+e=f g\nlone\rend C:\\new\\c ~_.-";
     return m;
 }
 
@@ -42,35 +42,58 @@ TEST(MailLink, EveryCharacterThatMeansSomethingIsEncodedAndLineBreaksAreCrLf) {
               "mailto:highscores@example.org"
               "?subject=Corvanna%20High%20Score%20Listing%20for%20Tierfall%21"
               "&body=190%2C000%20by%20Zo%C3%AB%20%C3%85kesson%20of%20%22Lyon%22%20%26%20%27Nice%27"
-              "%0D%0A%0D%0Aa%3Fb%23c%25d%2Be%3Df%20g%0D%0Alone%0D%0Aend");
+              "%0D%0A%0D%0Aa%3Fb%23c%25d%2Be%3Df%20g%0D%0Alone%0D%0Aend%20C%3A%5Cnew%5Cc%20~_.-");
 
     // A long comment goes whole: three bytes a character, and read back the same.
     MailMessage m = hostile();
     m.body = std::string(10000, '&');
-    const std::string url = MailtoUrl(m);
-    const auto body = url.find("&body=");
+    std::string url = MailtoUrl(m);
+    auto body = url.find("&body=");
     ASSERT_NE(body, std::string::npos);
     EXPECT_EQ(url.size() - body - 6, 30000u);
     EXPECT_EQ(decoded(url.substr(body + 6)), m.body);
 
+    // A long comment of everything at once reads back with every line break as CR LF.
+    m.body.clear();
+    std::string expected;
+    while (m.body.size() < 10000) {
+        m.body += "Zo\xC3\xAB & 'x' \"y\" ?#%+= \\n\r\n";
+        expected += "Zo\xC3\xAB & 'x' \"y\" ?#%+= \\n\r\n";
+        m.body += "lone LF\nlone CR\r";
+        expected += "lone LF\r\nlone CR\r\n";
+    }
+    url = MailtoUrl(m);
+    body = url.find("&body=");
+    ASSERT_NE(body, std::string::npos);
+    EXPECT_EQ(url.find_first_not_of(
+                  "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~%", body + 6),
+              std::string::npos);
+    EXPECT_EQ(decoded(url.substr(body + 6)), expected);
+
     // A line break in a subject would end the header: it becomes a blank.
     m.subject = "two\r\nlines";
     EXPECT_NE(MailtoUrl(m).find("?subject=two%20lines&"), std::string::npos);
+
+    // An address can't add fields of its own or read as anything but an address.
+    m.recipientAddress = "a+b@example.org?attach=/etc/passwd&x=y z";
+    EXPECT_EQ(
+        MailtoUrl(m).rfind("mailto:a%2Bb@example.org%3Fattach%3D%2Fetc%2Fpasswd%26x%3Dy%20z?", 0),
+        0u);
+    // The display name has no place in the link.
+    EXPECT_EQ(MailtoUrl(m).find("Orlund"), std::string::npos);
 }
 
-TEST(MailLink, XdgEmailGetsSubjectAndBodyAsTheyAreWithLfLineEnds) {
-    EXPECT_THAT(XdgEmailArguments(hostile()),
-                ::testing::ElementsAre("--utf8", "--subject",
-                                       "Corvanna High Score Listing for Tierfall!", "--body",
-                                       "190,000 by Zo\xC3\xAB \xC3\x85kesson of \"Lyon\" & "
-                                       "'Nice'\n\na?b#c%d+e=f g\nlone\nend",
-                                       "highscores@example.org"));
-    // An address that would read as an option gives no call at all.
+TEST(MailLink, XdgEmailGetsTheLinkAloneAndNothingReadsAsAnOption) {
+    EXPECT_THAT(XdgEmailArguments(hostile()), ::testing::ElementsAre(MailtoUrl(hostile())));
     MailMessage m = hostile();
     m.recipientAddress = "--attach=/etc/passwd";
-    EXPECT_TRUE(XdgEmailArguments(m).empty());
-    m.recipientAddress = "";
-    EXPECT_TRUE(XdgEmailArguments(m).empty());
+    EXPECT_THAT(
+        XdgEmailArguments(m),
+        ::testing::ElementsAre(::testing::StartsWith("mailto:--attach%3D%2Fetc%2Fpasswd?")));
+    m.recipientAddress = "mailto:x@example.org?attach=/etc/passwd";
+    EXPECT_THAT(XdgEmailArguments(m),
+                ::testing::ElementsAre(::testing::StartsWith(
+                    "mailto:mailto%3Ax@example.org%3Fattach%3D%2Fetc%2Fpasswd?subject=")));
 }
 
 }  // namespace corvanna
