@@ -1,5 +1,7 @@
 #include "platform/Mail.h"
 
+#include <cstring>
+
 namespace corvanna {
 
 namespace {
@@ -33,7 +35,7 @@ std::string percentEncoded(const std::string& text, const char* alsoKept = "") {
     out.reserve(text.size() * 3);
     for (const char ch : text) {
         const auto c = static_cast<unsigned char>(ch);
-        if (unreserved(c) || (c != 0 && std::string(alsoKept).find(ch) != std::string::npos)) {
+        if (unreserved(c) || (c != 0 && std::strchr(alsoKept, ch) != nullptr)) {
             out += ch;
         } else {
             out += '%';
@@ -48,21 +50,14 @@ std::string percentEncoded(const std::string& text, const char* alsoKept = "") {
 
 std::string MailtoUrl(const MailMessage& mail) {
     // The "@" of the address may stand as it is; everything else that means something
-    // in a URL is encoded.
+    // in a URL is encoded. A line break in the subject would end the header: a blank.
     return "mailto:" + percentEncoded(mail.recipientAddress, "@") +
            "?subject=" + percentEncoded(lineEnds(mail.subject, " ")) +
            "&body=" + percentEncoded(lineEnds(mail.body, "\r\n"));
 }
 
 std::vector<std::string> XdgEmailArguments(const MailMessage& mail) {
-    if (mail.recipientAddress.empty() || mail.recipientAddress[0] == '-')
-        return {};
-    return {"--utf8",
-            "--subject",
-            lineEnds(mail.subject, " "),
-            "--body",
-            lineEnds(mail.body, "\n"),
-            mail.recipientAddress};
+    return {MailtoUrl(mail)};
 }
 
 }  // namespace corvanna

@@ -1,12 +1,14 @@
-// The mail goes to the desktop's xdg-email first: it takes subject and body as
-// arguments of their own (no shell, no URL of ours to get wrong) and says by its exit
-// status whether a mail program took them. Without it, a mailto: link goes to whatever
-// the desktop opens such links with.
+// The mail goes to the desktop's xdg-email first: it finds the mail program the way the
+// desktop does and says by its exit status whether that program took the message. It is
+// run without a shell and gets our own mailto: link as one argument (see Mail.h for why
+// not --subject and --body). Without xdg-email, the link goes to whatever Qt opens such
+// links with, which can only tell us whether something took it.
 
 #include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 #include <QUrl>
 
 #include "platform/Mail.h"
@@ -19,19 +21,37 @@ namespace {
 // Mail programs started by xdg-email often stay in the foreground: past this the mail
 // counts as handed over, and the program is left running.
 constexpr int kMailWaitMs = 3000;
+// The wait goes in slices, so a quick xdg-email is noticed soon after it ends.
+constexpr int kMailSliceMs = 20;
+// xdg-email's first line of complaint can quote the whole link.
+constexpr int kStderrChars = 200;
 
 std::string exitText(int code) {
     switch (code) {
-        case 1: return "The mail could not be handed over (xdg-email found an error in its call).";
+        case 1:
+            return "The mail was not handed over: xdg-email did not understand how it was "
+                   "called.";
         case 2:
-            return "The mail could not be handed over (xdg-email was told of a file that does "
-                   "not exist).";
+            return "The mail was not handed over: xdg-email was told of a file that does not "
+                   "exist.";
         case 3:
-            return "No mail program is set up on this computer. Choose a default e-mail "
-                   "program in your desktop's settings and try again.";
-        case 4: return "The mail program could not open the new message.";
+            return "No mail program is set up on this computer. Install one, or choose your "
+                   "default e-mail program in your desktop's settings, and try again.";
+        case 4:
+            return "The mail program was found but could not open the new message. Try "
+                   "starting it yourself once, then try again.";
         default: return "xdg-email ended with error " + std::to_string(code) + ".";
     }
+}
+
+// The first line xdg-email wrote to its error output, cut short, or "".
+std::string firstLine(QTemporaryFile& errors) {
+    if (!errors.isOpen() || !errors.seek(0))
+        return "";
+    QString line = QString::fromLocal8Bit(errors.readLine(4 * kStderrChars)).trimmed();
+    if (line.size() > kStderrChars)
+        line = line.left(kStderrChars) + QStringLiteral("...");
+    return line.toStdString();
 }
 
 }  // namespace
@@ -47,40 +67,48 @@ MailResult QtPlatform::sendMail(const MailMessage& mail) {
                 "xdg-utils or choosing a default e-mail program in your desktop's settings "
                 "will help."};
     }
-    const std::vector<std::string> args = XdgEmailArguments(mail);
-    if (args.empty())
-        return {false,
-                "The address \"" + mail.recipientAddress + "\" is not one a mail can go to."};
     QStringList arguments;
-    for (const std::string& a : args)
+    for (const std::string& a : XdgEmailArguments(mail))
         arguments << QString::fromStdString(a);
 
-    // No parent: a mail program still running when the game ends must not go with it, as
-    // a child process would. Its output goes nowhere, so no pipe of ours can stall it.
+    // Its error output goes to a file rather than a pipe: a mail program that outlives
+    // the game would be killed by its first write into a pipe nobody reads. The name is
+    // removed on return; a program still running keeps writing to the nameless file.
+    QTemporaryFile errors;
+    const bool haveErrors = errors.open();
+
+    // No parent, and never deleted while it runs: deleting a QProcess kills what it
+    // started, and a parent would delete it when the game ends, taking a half-written
+    // mail with it.
     auto* process = new QProcess;
     process->setStandardOutputFile(QProcess::nullDevice());
-    process->setStandardErrorFile(QProcess::nullDevice());
+    process->setStandardErrorFile(haveErrors ? errors.fileName() : QProcess::nullDevice());
     process->start(xdgEmail, arguments);
     if (!process->waitForStarted(kMailWaitMs)) {
         const std::string why = process->errorString().toStdString();
         process->deleteLater();
-        return {false, "xdg-email could not be started: " + why};
+        return {false, "xdg-email could not be started (" + why + ")."};
     }
+    // The platform's own wait: the window keeps painting, clicks and game timers are held.
     QElapsedTimer waited;
     waited.start();
     while (process->state() != QProcess::NotRunning && waited.elapsed() < kMailWaitMs)
-        sleep(20);
+        sleep(kMailSliceMs);
     if (process->state() != QProcess::NotRunning) {
         // Deleted only once it ends: a deletion queued inside the wait could come before.
         connect(process, &QProcess::finished, process, &QObject::deleteLater);
         return {true, ""};
     }
     process->deleteLater();
-    if (process->exitStatus() == QProcess::NormalExit && process->exitCode() == 0)
-        return {true, ""};
     if (process->exitStatus() != QProcess::NormalExit)
         return {false, "xdg-email stopped before it was done."};
-    return {false, exitText(process->exitCode())};
+    if (process->exitCode() == 0)
+        return {true, ""};
+    std::string error = exitText(process->exitCode());
+    const std::string said = firstLine(errors);
+    if (!said.empty())
+        error += " (" + said + ")";
+    return {false, error};
 }
 
 }  // namespace corvanna
