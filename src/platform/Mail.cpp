@@ -11,24 +11,6 @@ bool unreserved(unsigned char c) {
            c == '.' || c == '_' || c == '~';
 }
 
-// Any line break, CR LF, lone CR or lone LF, becomes `eol`.
-std::string lineEnds(const std::string& text, const std::string& eol) {
-    std::string out;
-    out.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\r') {
-            out += eol;
-            if (i + 1 < text.size() && text[i + 1] == '\n')
-                ++i;
-        } else if (text[i] == '\n') {
-            out += eol;
-        } else {
-            out += text[i];
-        }
-    }
-    return out;
-}
-
 std::string percentEncoded(const std::string& text, const char* alsoKept = "") {
     static const char* const hex = "0123456789ABCDEF";
     std::string out;
@@ -48,12 +30,29 @@ std::string percentEncoded(const std::string& text, const char* alsoKept = "") {
 
 }  // namespace
 
+std::string withLineEnds(const std::string& text, const std::string& eol) {
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\r') {
+            out += eol;
+            if (i + 1 < text.size() && text[i + 1] == '\n')
+                ++i;
+        } else if (text[i] == '\n') {
+            out += eol;
+        } else {
+            out += text[i];
+        }
+    }
+    return out;
+}
+
 std::string MailtoUrl(const MailMessage& mail) {
     // The "@" of the address may stand as it is; everything else that means something
     // in a URL is encoded. A line break in the subject would end the header: a blank.
     return "mailto:" + percentEncoded(mail.recipientAddress, "@") +
-           "?subject=" + percentEncoded(lineEnds(mail.subject, " ")) +
-           "&body=" + percentEncoded(lineEnds(mail.body, "\r\n"));
+           "?subject=" + percentEncoded(withLineEnds(mail.subject, " ")) +
+           "&body=" + percentEncoded(withLineEnds(mail.body, "\r\n"));
 }
 
 std::vector<std::string> XdgEmailArguments(const MailMessage& mail) {

@@ -14,6 +14,9 @@ namespace corvanna {
 // A mailto: link has no place for the display name, so it is left out.
 std::string MailtoUrl(const MailMessage& mail);
 
+// Every line break, CR LF, lone CR or lone LF, made `eol`.
+std::string withLineEnds(const std::string& text, const std::string& eol);
+
 // The arguments (without the program) of xdg-email: our own mailto: link, alone.
 // Given --subject and --body instead, xdg-email builds the link with the shell's echo,
 // which under dash turns a backslash and the letter after it into a line break or cuts

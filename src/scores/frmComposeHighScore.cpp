@@ -7,6 +7,7 @@
 #include "common/Format.h"
 #include "common/WebLinks.h"
 #include "common/frame/GameFrame.h"
+#include "platform/Mail.h"
 #include "scores/ScoreMenus.h"
 #include "scores/frmHighScores.h"
 
@@ -37,20 +38,6 @@ Control& button(Form& f, const std::string& name, const std::string& caption) {
     Control& b = f.add<Control>(ControlKind::CommandButton, name, -1, nullptr);
     b.setCaption(caption);
     return b;
-}
-
-std::string crlf(const std::string& text) {
-    std::string out;
-    out.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n')
-            continue;  // the "\n" after it makes the pair
-        if (text[i] == '\n' || text[i] == '\r')
-            out += "\r\n";
-        else
-            out += text[i];
-    }
-    return out;
 }
 
 }  // namespace
@@ -87,7 +74,7 @@ std::string HighScoreMailBody(const std::string& sample, bool customScoring, boo
     auto truth = [](bool b) { return std::string(b ? "True" : "False"); };
     return sample + "\r\n\r\n" + "Custom scoring is currently " + truth(customScoring) +
            "\r\n\r\n" + "Tierfall enahnced scoring mode is " + truth(enhancedScoring) + "\r\n\r\n" +
-           crlf(comments);
+           withLineEnds(comments, "\r\n");
 }
 
 frmComposeHighScore::frmComposeHighScore(Program& prog, frmHighScores& scores)

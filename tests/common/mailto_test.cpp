@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/Mail.h"
+#include "testkit/PercentDecoded.h"
 
 namespace corvanna {
 
@@ -19,20 +20,6 @@ MailMessage hostile() {
         "190,000 by Zo\xC3\xAB \xC3\x85kesson of \"Lyon\" & 'Nice'\r\n\r\n"
         "a?b#c%d+e=f g\nlone\rend C:\\new\\c ~_.-";
     return m;
-}
-
-// Percent-decoding, to read a long link back.
-std::string decoded(const std::string& text) {
-    std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '%' && i + 2 < text.size()) {
-            out += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
-            i += 2;
-        } else {
-            out += text[i];
-        }
-    }
-    return out;
 }
 
 }  // namespace
@@ -51,7 +38,7 @@ TEST(MailLink, EveryCharacterThatMeansSomethingIsEncodedAndLineBreaksAreCrLf) {
     auto body = url.find("&body=");
     ASSERT_NE(body, std::string::npos);
     EXPECT_EQ(url.size() - body - 6, 30000u);
-    EXPECT_EQ(decoded(url.substr(body + 6)), m.body);
+    EXPECT_EQ(percentDecoded(url.substr(body + 6)), m.body);
 
     // A long comment of everything at once reads back with every line break as CR LF.
     m.body.clear();
@@ -68,7 +55,7 @@ TEST(MailLink, EveryCharacterThatMeansSomethingIsEncodedAndLineBreaksAreCrLf) {
     EXPECT_EQ(url.find_first_not_of(
                   "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~%", body + 6),
               std::string::npos);
-    EXPECT_EQ(decoded(url.substr(body + 6)), expected);
+    EXPECT_EQ(percentDecoded(url.substr(body + 6)), expected);
 
     // A line break in a subject would end the header: it becomes a blank.
     m.subject = "two\r\nlines";

@@ -22,6 +22,7 @@
 
 #include "qt/QtPlatform.h"
 #include "qt/QtTestApp.h"
+#include "testkit/PercentDecoded.h"
 
 namespace corvanna {
 
@@ -49,19 +50,6 @@ MailMessage listing() {
         "181,250 by Zo\xC3\xAB of $HOME `id` \"q\" & 'r'; a?b#c%d+e=f\r\n\r\n"
         "C:\\new\\cards \\\\ \\c\nCustom scoring is currently False";
     return m;
-}
-
-std::string decoded(const std::string& text) {
-    std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '%' && i + 2 < text.size()) {
-            out += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
-            i += 2;
-        } else {
-            out += text[i];
-        }
-    }
-    return out;
 }
 
 class Mail : public ::testing::Test {
@@ -126,7 +114,7 @@ TEST_F(Mail, XdgEmailGetsTheLinkAsItsOwnArgumentAndItsFailureIsTold) {
     EXPECT_EQ(args[0], MailtoUrl(listing()));
     const auto body = args[0].find("&body=");
     ASSERT_NE(body, std::string::npos);
-    EXPECT_EQ(decoded(args[0].substr(body + 6)),
+    EXPECT_EQ(percentDecoded(args[0].substr(body + 6)),
               "181,250 by Zo\xC3\xAB of $HOME `id` \"q\" & 'r'; a?b#c%d+e=f\r\n\r\n"
               "C:\\new\\cards \\\\ \\c\r\nCustom scoring is currently False");
 
