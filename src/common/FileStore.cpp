@@ -16,6 +16,10 @@ bool fileExists(const std::string& path) {
     return QFileInfo(QString::fromStdString(path)).isFile();
 }
 
+std::string tooLargeReason(std::uintmax_t size) {
+    return "it is larger than 1 MiB (" + std::to_string(size) + " bytes)";
+}
+
 ReadStatus readWholeFile(const std::string& path, std::string& out, std::string* error,
                          std::size_t maxBytes) {
     const QString name = QString::fromStdString(path);
@@ -32,13 +36,14 @@ ReadStatus readWholeFile(const std::string& path, std::string& out, std::string*
     const qint64 limit = static_cast<qint64>(maxBytes);
     if (info.size() > limit) {
         if (error)
-            *error = "it is too large";
+            *error = tooLargeReason(static_cast<std::uintmax_t>(info.size()));
         return ReadStatus::Failed;
     }
     const QByteArray bytes = f.read(info.size() + 1);
+    // It grew while being read.
     if (bytes.size() > limit) {
         if (error)
-            *error = "it is too large";
+            *error = tooLargeReason(static_cast<std::uintmax_t>(bytes.size()));
         return ReadStatus::Failed;
     }
     if (f.error() != QFileDevice::NoError) {
@@ -53,22 +58,23 @@ ReadStatus readWholeFile(const std::string& path, std::string& out, std::string*
 namespace {
 
 std::optional<std::size_t> g_failAtByte;
+std::string g_failName;
 
 std::string systemError(int err) {
     return std::strerror(err);
 }
 
 // Writes all of it, as far as a fault planted by a test lets it.
-bool writeAll(int fd, const std::string& bytes) {
+bool writeAll(int fd, const std::string& bytes, std::optional<std::size_t> failAt) {
     std::size_t done = 0;
     while (done < bytes.size()) {
         std::size_t chunk = bytes.size() - done;
-        if (g_failAtByte) {
-            if (done >= *g_failAtByte) {
+        if (failAt) {
+            if (done >= *failAt) {
                 errno = ENOSPC;
                 return false;
             }
-            chunk = std::min(chunk, *g_failAtByte - done);
+            chunk = std::min(chunk, *failAt - done);
         }
         const ssize_t n = ::write(fd, bytes.data() + done, chunk);
         if (n < 0) {
@@ -83,8 +89,9 @@ bool writeAll(int fd, const std::string& bytes) {
 
 }  // namespace
 
-void failWritesAtByte(std::optional<std::size_t> offset) {
+void failWritesAtByte(std::optional<std::size_t> offset, const std::string& onlyFileName) {
     g_failAtByte = offset;
+    g_failName = onlyFileName;
 }
 
 bool writeFileAtomic(const std::string& path, const std::string& bytes, std::string* error) {
@@ -98,13 +105,16 @@ bool writeFileAtomic(const std::string& path, const std::string& bytes, std::str
         target.has_parent_path() ? target.parent_path() : std::filesystem::path(".");
     std::string temp =
         (folder / ("." + target.filename().string() + kTempMarker + "XXXXXX")).string();
+    std::optional<std::size_t> failAt;
+    if (g_failName.empty() || target.filename() == g_failName)
+        failAt = g_failAtByte;
     const int fd = ::mkstemp(temp.data());
     if (fd < 0)
         return fail(errno);
     const mode_t mask = ::umask(0);
     ::umask(mask);
     // The new file gets the permissions a new file gets, not mkstemp's private ones.
-    if (::fchmod(fd, 0666 & ~mask) != 0 || !writeAll(fd, bytes) || ::fsync(fd) != 0) {
+    if (::fchmod(fd, 0666 & ~mask) != 0 || !writeAll(fd, bytes, failAt) || ::fsync(fd) != 0) {
         const int err = errno;
         ::close(fd);
         ::unlink(temp.c_str());

@@ -37,6 +37,27 @@ MsgResult Program::msg(const std::string& text, MsgButtons buttons, MsgIcon icon
     return platform.msgBox(text, buttons, icon, state.AppTitle);
 }
 
+bool Program::saveFile(const std::string& path, const std::string& bytes,
+                       const std::function<std::string(const std::string& why)>& message,
+                       MsgIcon icon, bool always) {
+    // A file that already holds these bytes is left alone: a read-only folder then has
+    // nothing to say about it.
+    std::string why, old;
+    if ((readWholeFile(path, old) == ReadStatus::Ok && old == bytes) ||
+        writeFileAtomic(path, bytes, &why)) {
+        faultsTold_.erase(path);
+        return true;
+    }
+    tellFileFault(path, message(why), icon, always);
+    return false;
+}
+
+void Program::tellFileFault(const std::string& path, const std::string& text, MsgIcon icon,
+                            bool always) {
+    if (faultsTold_.insert(path).second || always)
+        msg(text, MsgButtons::OK, icon);
+}
+
 Form* Program::findForm(const std::string& name) const {
     for (auto& f : forms_)
         if (f->name() == name)

@@ -60,6 +60,17 @@ public:
     MsgResult msg(const std::string& text, MsgButtons buttons = MsgButtons::OK,
                   MsgIcon icon = MsgIcon::None);
 
+    // Writes a file of the data folder when its bytes changed. One that cannot be written
+    // is told once, not at every write of it, while play goes on from what is in memory;
+    // a good write lets a later failure be told again. `message` makes the text from the
+    // system's reason. What the user asked for in so many words is told `always`.
+    bool saveFile(const std::string& path, const std::string& bytes,
+                  const std::function<std::string(const std::string& why)>& message,
+                  MsgIcon icon = MsgIcon::Exclamation, bool always = false);
+    void tellFileFault(const std::string& path, const std::string& text,
+                       MsgIcon icon = MsgIcon::Exclamation, bool always = false);
+    bool fileFaultTold(const std::string& path) const { return faultsTold_.count(path) > 0; }
+
     // Forms are owned here from load to unload.
     template <class T, class... Args>
     T& load(Args&&... args) {
@@ -89,6 +100,7 @@ private:
     std::string commandLine_;
     bool dataDirUsable_ = true;
     std::set<std::string> shippedFound_;  // program files already in the data folder
+    std::set<std::string> faultsTold_;    // files whose write failure was told
     std::vector<std::unique_ptr<Form>> forms_;
     std::vector<std::unique_ptr<Form>> unloaded_;
 };

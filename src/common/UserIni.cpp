@@ -15,17 +15,17 @@ bool WriteUserIni(Program& prog, const std::string& name, const std::string& hom
                                  .add("Country", country)
                                  .text();
     const std::string path = prog.filePath("User.ini");
-    std::string error;
-    if (writeFileAtomic(path, text, &error))
-        return true;
-    prog.msg("Unable to save your details to the file '" + path + "': " + error, MsgButtons::OK,
-             MsgIcon::Critical);
-    return false;
+    return prog.saveFile(
+        path, text,
+        [&](const std::string& why) {
+            return "Unable to save your details to the file '" + path + "': " + why;
+        },
+        MsgIcon::Critical);
 }
 
 void ReadUserIni(Program& prog, const std::string& fileName) {
     std::string text, error;
-    const ReadStatus status = readWholeFile(fileName, text, &error, 64 * 1024);
+    const ReadStatus status = readWholeFile(fileName, text, &error);
     if (status == ReadStatus::Missing)
         return;
     if (status == ReadStatus::Failed) {

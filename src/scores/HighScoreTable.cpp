@@ -178,7 +178,7 @@ bool parseHighScoreRows(std::string_view bytes, std::vector<HighScoreRow>& rows,
 bool readHighScoreRows(const std::string& path, std::vector<HighScoreRow>& rows,
                        std::string* error) {
     std::string bytes, why;
-    switch (readWholeFile(path, bytes, &why, HighScoreMaxFileBytes)) {
+    switch (readWholeFile(path, bytes, &why)) {
         case ReadStatus::Missing: return fail(error, "it does not exist");
         case ReadStatus::Failed: return fail(error, why);
         case ReadStatus::Ok: break;
@@ -229,21 +229,8 @@ bool HighScoreTable::exists() const {
     return fileExists(path_);
 }
 
-bool HighScoreTable::create(std::int64_t seedScore, std::string* error) const {
-    return writeFileAtomic(path_, seedText(seedScore), error);
-}
-
 bool HighScoreTable::read(std::string* error) {
     return readHighScoreRows(path_, rows_, error);
-}
-
-bool HighScoreTable::write(int row, const HighScoreRow& newRow, std::string* error) const {
-    const std::string text = insertedText(rows_, row, newRow);
-    // Written only when it differs: a table that did not change keeps its file as it is.
-    std::string old;
-    if (readWholeFile(path_, old, nullptr, HighScoreMaxFileBytes) == ReadStatus::Ok && old == text)
-        return true;
-    return writeFileAtomic(path_, text, error);
 }
 
 }  // namespace corvanna

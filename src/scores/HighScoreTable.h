@@ -26,7 +26,6 @@ inline constexpr int HighScoreRowCount = 10;
 inline constexpr std::string_view HighScoreSeedName = "Velmora";
 inline constexpr std::string_view HighScoreSeedDate = "Jan 01 2000 12:00 am";
 // Larger than any table we write by far; a bigger file is not a table.
-inline constexpr std::size_t HighScoreMaxFileBytes = 64 * 1024;
 
 // Table name constants, each ending in one blank.
 inline constexpr std::string_view TierfallHiScoreTable = "Tierfall Hi Score Table ";
@@ -99,13 +98,9 @@ public:
                                     const HighScoreRow& newRow);
 
     bool exists() const;
-    // Writes a fresh seeded table over whatever is there.
-    bool create(std::int64_t seedScore, std::string* error) const;
     // Reads the first ten rows into rows().
     bool read(std::string* error);
     const std::vector<HighScoreRow>& rows() const { return rows_; }
-    // Writes the table read by read() with newRow at index row; -1 rewrites the ten rows.
-    bool write(int row, const HighScoreRow& newRow, std::string* error) const;
 
 private:
     std::string path_;

@@ -15,6 +15,19 @@ void ReportTable(Program& prog, const std::string& path, const std::string& what
              MsgButtons::OK, MsgIcon::None);
 }
 
+bool SaveTable(Program& prog, const std::string& path, const std::string& text,
+               bool userAsked = false) {
+    return prog.saveFile(
+        path, text,
+        [&](const std::string& why) {
+            return "The high score table \"" + path +
+                   "\" could not be used: it could not be "
+                   "written (" +
+                   why + ").";
+        },
+        MsgIcon::None, userAsked);
+}
+
 void ReportDamaged(Program& prog, const std::string& path, const std::string& why) {
     // A missing table is not made here: the game that lost it says so and goes on.
     ReportTable(prog, path, fileExists(path) ? why + ". The file has been left as it is" : why);
@@ -38,20 +51,20 @@ std::string HighScoreFileName(const Program& prog, std::string_view tableConstan
     return HighScoreFilePath(prog, HighScoreTableName(tableConstant, cardGoal, enhancedScoring));
 }
 
-bool CreateHighScoreTable(Program& prog, const std::string& tableName, std::int64_t defaultScore) {
-    const HighScoreTable table(HighScoreFilePath(prog, tableName));
-    std::string error;
-    if (table.create(defaultScore, &error))
-        return true;
-    ReportTable(prog, table.path(), "it could not be written (" + error + ")");
-    return false;
+bool CreateHighScoreTable(Program& prog, const std::string& tableName, std::int64_t defaultScore,
+                          bool userAsked) {
+    return SaveTable(prog, HighScoreFilePath(prog, tableName),
+                     HighScoreTable::seedText(defaultScore), userAsked);
 }
 
 bool ShowHighScoreLabel(Program& prog, const std::string& tableName, Control& lblHighScore,
                         const std::string& prefix, std::int64_t defaultScore) {
     HighScoreTable table(HighScoreFilePath(prog, tableName));
-    if (!table.exists() && !CreateHighScoreTable(prog, tableName, defaultScore))
+    if (!table.exists() && !CreateHighScoreTable(prog, tableName, defaultScore)) {
+        // Play goes on with the top score a fresh table would have had.
+        lblHighScore.setCaption(prefix + formatScore(defaultScore));
         return false;
+    }
     std::string error;
     if (!table.read(&error)) {
         ReportDamaged(prog, table.path(), error);
@@ -76,7 +89,9 @@ bool UpdateHighScoreTable(Program& prog, const std::string& tableName,
     // not be written would be lost after the player typed it.
     std::string error;
     if (!table.read(&error)) {
-        ReportDamaged(prog, table.path(), error);
+        // One that could not even be made has been told about already.
+        if (!(prog.fileFaultTold(table.path()) && !table.exists()))
+            ReportDamaged(prog, table.path(), error);
         return false;
     }
     const int row = HighScoreTable::rankOf(table.rows(), g.Score);
@@ -91,10 +106,8 @@ bool UpdateHighScoreTable(Program& prog, const std::string& tableName,
         entry.date = formatHighScoreDate(prog.platform.now());
     }
     // Rewritten in every case, so an eleventh row left by the last entry goes now.
-    if (!table.write(row, entry, &error)) {
-        ReportTable(prog, table.path(), "it could not be written (" + error + ")");
+    if (!SaveTable(prog, table.path(), HighScoreTable::insertedText(table.rows(), row, entry)))
         return false;
-    }
     if (row >= 0) {
         if (showTable)
             showTable();

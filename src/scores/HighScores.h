@@ -34,8 +34,10 @@ bool ShowHighScoreLabel(Program& prog, const std::string& tableName, Control& lb
 bool ShowHighScoreLabel(Program& prog, const std::string& tableName, GameFrame& form,
                         std::int64_t defaultScore);
 
-// Writes a fresh table over whatever is there.
-bool CreateHighScoreTable(Program& prog, const std::string& tableName, std::int64_t defaultScore);
+// Writes a fresh table over whatever is there. A failure is told once a session, or
+// every time when the user asked for the table to be cleared.
+bool CreateHighScoreTable(Program& prog, const std::string& tableName, std::int64_t defaultScore,
+                          bool userAsked = false);
 
 // Ranks Score. A score that enters asks for the name, writes the row (with an asterisk
 // under CustomScoring), sets NewHighScoreRow and then runs showTable, the High Scores

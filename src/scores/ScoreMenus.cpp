@@ -62,7 +62,7 @@ void ClearHighScores(Program& prog) {
         const HighScoreChoice choice = CurrentHighScoreTable(prog);
         if (!choice.table)
             return;
-        if (CreateHighScoreTable(prog, choice.tableName, choice.table->seedScore))
+        if (CreateHighScoreTable(prog, choice.tableName, choice.table->seedScore, true))
             ShowHighScoreLabel(prog, choice.tableName, *game, choice.table->seedScore);
     };
     const DialogPause pause = ClearHighScoresPause(game->info());

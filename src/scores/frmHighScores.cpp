@@ -242,7 +242,7 @@ void frmHighScores::cmdClear_Click() {
         return;
     // Each step goes on whatever the one before it did: the table operations have
     // already said what failed.
-    CreateHighScoreTable(prog_, choice.tableName, choice.table->clearedSeedScore);
+    CreateHighScoreTable(prog_, choice.tableName, choice.table->clearedSeedScore, true);
     ReadHighScoreTable(choice.tableName);
     if (GameFrame* game = CurrentGameForm(prog_))
         ShowHighScoreLabel(prog_, choice.tableName, *game, choice.table->clearedSeedScore);

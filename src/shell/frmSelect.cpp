@@ -96,8 +96,7 @@ void frmSelect::Form_Load() {
 void frmSelect::Form_Unload(bool& cancel) {
     (void)cancel;
     const auto& g = prog_.state;
-    if (prog_.dataDirUsable())
-        WriteUserIni(prog_, g.UserName, g.UserHometown, g.UserState, g.UserCountry);
+    WriteUserIni(prog_, g.UserName, g.UserHometown, g.UserState, g.UserCountry);
     prog_.platform.quit();
 }
 

@@ -225,6 +225,32 @@ TEST(SavedGameDialogs, AFailedWriteSaysSoAndTheDialogStaysOpen) {
     EXPECT_TRUE(fileExists(d.folder + "free.tfl"));
 }
 
+TEST(SavedGameDialogs, AFullDiskKeepsTheOldGameWholeAndSaysSoEachTime) {
+    Dialogs d;
+    d.write("evening.tfl", "the old game");
+    for (const std::size_t failAt : {std::size_t{0}, std::size_t{40}}) {
+        failWritesAtByte(failAt, "evening.tfl");
+        // Asked to overwrite, then told; and the same again on the second try.
+        for (int i = 0; i < 2; ++i) {
+            d.t.fake.queueAnswer(MsgResult::Yes);
+            d.t.fake.queueAnswer(MsgResult::OK);
+        }
+        EXPECT_FALSE(d.save([&](frmSave& f) {
+            f.txtGameName.setText("evening");
+            d.click("frmSave", "cmdOK");
+            d.click("frmSave", "cmdOK");
+            EXPECT_TRUE(f.visible());
+            d.click("frmSave", "cmdCancel");
+        }));
+        failWritesAtByte(std::nullopt);
+        EXPECT_EQ(d.read("evening.tfl"), "the old game");
+        for (const auto& e : fs::directory_iterator(d.folder))
+            EXPECT_EQ(e.path().filename().string().find(kTempMarker), std::string::npos);
+    }
+    const std::vector<std::string> told = d.t.fake.messages();
+    EXPECT_EQ(std::count(told.begin(), told.end(), kSaveError), 4);
+}
+
 TEST(SavedGameDialogsDeathTest, AnUnwritableFolderKeepsTheOldFileWhole) {
     Dialogs d;
     const std::string locked = d.folder + "locked";

@@ -279,7 +279,8 @@ TEST(SavedGameFile, DamagedFilesAreRefusedWithTheirReason) {
                                   7) +
                       good),
               "it holds binary data");
-    EXPECT_EQ(refusal(good + std::string(kMaxSavedGameBytes, ' ')), "it is too large");
+    const std::string over = good + std::string(kMaxSavedGameBytes, ' ');
+    EXPECT_EQ(refusal(over), "it is larger than 1 MiB (" + std::to_string(over.size()) + " bytes)");
 }
 
 TEST(SavedGameFile, WhatAReaderMustTolerate) {
@@ -335,7 +336,7 @@ TEST(SavedGameFile, FilesThatCannotBeReadAreRefused) {
     const std::string big = SavedGameText(goal11Game(), "Ola") + std::string(2 << 20, '\n');
     ASSERT_TRUE(writeFileAtomic(folder + "big.tfl", big));
     EXPECT_FALSE(ReadSavedGame(folder + "big.tfl", game, &reason));
-    EXPECT_EQ(reason, "it is too large");
+    EXPECT_EQ(reason, "it is larger than 1 MiB (" + std::to_string(big.size()) + " bytes)");
 }
 
 }  // namespace corvanna

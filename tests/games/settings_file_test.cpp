@@ -174,10 +174,13 @@ TEST(SettingsFile, DamagedFileIsNamedKeptAsideAndReplacedOnLeaving) {
     EXPECT_EQ(t.file("Lettermine.Ini").rfind("[Play Music]\r\nFalse\r\n", 0), 0u);
 
     // A huge file is not read into memory.
-    writeFile(path, std::string(1024 * 1024, 'x'));
+    writeFile(path, std::string(1024 * 1024 + 1, 'x'));
     t.fake.queueAnswer(MsgResult::OK);
     t.openGame("frmLettermine");
-    EXPECT_NE(t.fake.messages().back().find("too large"), std::string::npos);
+    EXPECT_NE(t.fake.messages().back().find("'" + path +
+                                            "' could not be read: it is larger than 1 MiB "
+                                            "(1048577 bytes)."),
+              std::string::npos);
     EXPECT_TRUE(t.fake.takeErrors().empty());
 }
 

@@ -270,7 +270,7 @@ TEST(HighScoreDamage, ADamagedTableIsReportedAndKeptByteForByte) {
     struct Case {
         const char* what;
         std::string bytes;
-        const char* reason;
+        std::string reason;
     };
     std::string binary =
         "\x7f"
@@ -284,7 +284,8 @@ TEST(HighScoreDamage, ADamagedTableIsReportedAndKeptByteForByte) {
              good.substr(2 * row("A", 90000).size()),
          "row 2 has a score that is not a number (\"8O000\")"},
         {"binary junk", binary, "row 1"},
-        {"too large", good + std::string(70 * 1024, 'x'), "too large"},
+        {"over 1 MiB", good + std::string(1 << 20, 'x'),
+         "it is larger than 1 MiB (" + std::to_string(good.size() + (1 << 20)) + " bytes)"},
         {"empty", "", "ends after 0 of its 10 rows"},
     };
     for (const Case& c : cases) {

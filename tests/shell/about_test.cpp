@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "common/FileStore.h"
 #include "testkit/TestProgram.h"
 
 namespace corvanna {
@@ -56,7 +57,7 @@ TEST(About, CountsEachOpeningAndTheMinutesOfThisForm) {
     EXPECT_TRUE(again.fake.takeErrors().empty());
 }
 
-TEST(About, DamagedPlayCountsStartAgainWithoutAFuss) {
+TEST(About, DamagedPlayCountsAreKeptAsideAndWhatCouldBeReadGoesOn) {
     QTemporaryDir dir;
     const std::string data = dir.path().toStdString();
     {
@@ -65,13 +66,24 @@ TEST(About, DamagedPlayCountsStartAgainWithoutAFuss) {
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write("[Tierfall!]\r\nlots\r\n[Wildslot!]\r\n-4\r\n[Gridflush!]\r\n32767\r\n\x01\x02");
     }
+    std::string damaged;
+    ASSERT_EQ(readWholeFile(data + "/Played.ini", damaged), ReadStatus::Ok);
     TestProgram t(1, data);
     t.openGame("frmTierfall");
     EXPECT_EQ(t.prog.state.GamesPlayedCount, 1);
+    ASSERT_EQ(t.fake.messages().size(), 1u);
+    EXPECT_EQ(t.fake.messages()[0],
+              "The count of games played in '" + data +
+                  "/Played.ini' is damaged: the count of [Tierfall!] is not a number of games. "
+                  "The counts that could be read go on. The old file is kept as '" +
+                  data + "/Played.ini.bad'.");
+    EXPECT_EQ(t.file("Played.ini.bad"), damaged);
     leave(t, "frmTierfall", "cmdExit");
     t.openGame("frmGridflush");
     EXPECT_EQ(t.prog.state.GamesPlayedCount, 32767);  // held at the largest 16-bit count
-    EXPECT_TRUE(t.fake.messages().size() == 1);       // only the question on leaving
+    EXPECT_EQ(t.fake.messages().size(), 2u);          // and the question on leaving
+    EXPECT_EQ(t.file("Played.ini"),
+              "[Gridflush!]\r\n32767\r\n\r\n[Tierfall!]\r\n1\r\n\r\n[Wildslot!]\r\n0\r\n\r\n");
 }
 
 }  // namespace corvanna

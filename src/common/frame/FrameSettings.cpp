@@ -13,8 +13,6 @@ namespace corvanna {
 namespace {
 // A window larger than this is a damaged value, not a screen.
 constexpr double kLargestWindowTwips = 200000;
-// Settings files are a few hundred bytes; anything near this is not one.
-constexpr std::size_t kLargestSettingsFile = 256 * 1024;
 
 }  // namespace
 
@@ -24,7 +22,7 @@ std::string GameFrame::settingsPath() const {
 
 void GameFrame::ReadSettingsINI(const std::string& fileName) {
     std::string text, error;
-    const ReadStatus status = readWholeFile(fileName, text, &error, kLargestSettingsFile);
+    const ReadStatus status = readWholeFile(fileName, text, &error);
     if (status == ReadStatus::Missing)
         return;
     if (status == ReadStatus::Ok && text.find('\0') != std::string::npos) {
@@ -146,14 +144,12 @@ std::string GameFrame::SettingsText() {
 }
 
 void GameFrame::WriteSettings() {
-    // Already said at start: the data folder takes no files this session.
-    if (!prog_.dataDirUsable())
-        return;
     const std::string path = settingsPath();
-    auto cannotSave = [&](const std::string& why) {
-        prog_.msg("Unable to save the settings file '" + path + "': " + why + ".", MsgButtons::OK,
-                  MsgIcon::Exclamation);
+    auto message = [&](const std::string& why) {
+        return "Unable to save the settings file '" + path + "': " + why +
+               ". The game goes on with the settings you chose.";
     };
+    auto cannotSave = [&](const std::string& why) { prog_.tellFileFault(path, message(why)); };
     std::error_code ec;
     const bool present = std::filesystem::exists(path, ec);
     if (present && !std::filesystem::is_regular_file(path, ec))
@@ -165,9 +161,8 @@ void GameFrame::WriteSettings() {
         if (ec)
             return cannotSave("the damaged file could not be kept aside (" + ec.message() + ")");
     }
-    std::string error;
-    if (!writeFileAtomic(path, SettingsText(), &error))
-        return cannotSave(error);
+    if (!prog_.saveFile(path, SettingsText(), message))
+        return;
     settingsDamaged_ = false;
 }
 

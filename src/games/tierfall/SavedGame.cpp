@@ -106,7 +106,7 @@ bool ParseSavedGame(const std::string& bytes, SavedGame& out, std::string* reaso
         return false;
     };
     if (bytes.size() > kMaxSavedGameBytes)
-        return fail("it is too large");
+        return fail(tooLargeReason(bytes.size()));
     if (looksBinary(bytes))
         return fail("it holds binary data");
     const std::vector<std::string> items = settingsItems(bytes);
@@ -168,7 +168,7 @@ bool ParseSavedGame(const std::string& bytes, SavedGame& out, std::string* reaso
 
 bool ReadSavedGame(const std::string& path, SavedGame& out, std::string* reason) {
     std::string bytes, error;
-    switch (readWholeFile(path, bytes, &error, kMaxSavedGameBytes)) {
+    switch (readWholeFile(path, bytes, &error)) {
         case ReadStatus::Ok: return ParseSavedGame(bytes, out, reason);
         case ReadStatus::Missing:
             if (reason)

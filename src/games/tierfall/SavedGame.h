@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "common/AppState.h"
+#include "common/FileStore.h"
 
 namespace corvanna {
 
@@ -23,7 +24,7 @@ struct SavedGame {
 };
 
 // A saved game is a few hundred lines: anything larger is not one.
-inline constexpr std::size_t kMaxSavedGameBytes = 1024 * 1024;
+inline constexpr std::size_t kMaxSavedGameBytes = kMaxDataFileBytes;
 inline constexpr const char* kAnonymousUser = "an anonymous user";
 // The most of a player's name the opening message shows.
 inline constexpr std::size_t kMaxShownNameBytes = 100;
