@@ -18,7 +18,7 @@ bool WriteUserIni(Program& prog, const std::string& name, const std::string& hom
     return prog.saveFile(
         path, text,
         [&](const std::string& why) {
-            return "Unable to save your details to the file '" + path + "': " + why;
+            return "Unable to save your details to the file '" + path + "': " + why + ".";
         },
         MsgIcon::Critical);
 }
