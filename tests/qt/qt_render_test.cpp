@@ -327,13 +327,21 @@ TEST_F(QtRender, ModalDialogRunsUntilHiddenWithTimersGoing) {
     behind.Click = [&] { ++behindClicks; };
 
     bool ownerEnabledDuring = true;
-    QTimer::singleShot(60, [&] {
+    // The dialog is closed once the game timer has ticked under it, however busy the
+    // machine is.
+    QTimer closer;
+    closer.setInterval(20);
+    QObject::connect(&closer, &QTimer::timeout, [&] {
+        if (ticks < 2)
+            return;
+        closer.stop();
         ownerEnabledDuring = form->enabled();
         EXPECT_FALSE(userClick(behind));  // the form behind takes no click
         auto* okButton = qobject_cast<QPushButton*>(platform->windowOf(dialog)->widgetOf(ok));
         ASSERT_NE(okButton, nullptr);
         okButton->click();
     });
+    closer.start();
     platform->showForm(dialog, true);
     EXPECT_FALSE(ownerEnabledDuring);
     EXPECT_FALSE(dialog.visible());
