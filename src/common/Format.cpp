@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 
@@ -92,22 +93,32 @@ void addToScore(std::int32_t& score, std::int64_t amount) {
 }
 
 double plainNumber(const std::string& text) {
+    auto digit = [&text](std::size_t i) {
+        return i < text.size() && std::isdigit(static_cast<unsigned char>(text[i]));
+    };
     std::size_t i = 0;
     while (i < text.size() && (text[i] == ' ' || text[i] == '\t'))
         ++i;
     bool negative = false;
     if (i < text.size() && (text[i] == '-' || text[i] == '+'))
         negative = text[i++] == '-';
+    const std::size_t start = i;
+    bool nonZero = false;
+    for (; digit(i); ++i)
+        nonZero |= text[i] != '0';
+    const bool wholeNonZero = nonZero;
+    if (i < text.size() && text[i] == '.')
+        for (++i; digit(i); ++i)
+            nonZero |= text[i] != '0';
+    // Read whole, not digit by digit: adding up tenths drifts ("0.3" came out above 0.3).
     constexpr double kLimit = 1e15;
     double value = 0;
-    for (; i < text.size() && std::isdigit(static_cast<unsigned char>(text[i])); ++i)
-        value = std::min(kLimit, value * 10 + (text[i] - '0'));
-    if (i < text.size() && text[i] == '.') {
-        double scale = 0.1;
-        for (++i; i < text.size() && std::isdigit(static_cast<unsigned char>(text[i])); ++i) {
-            value += (text[i] - '0') * scale;
-            scale /= 10;
-        }
+    if (nonZero) {
+        const auto r =
+            std::from_chars(text.data() + start, text.data() + i, value, std::chars_format::fixed);
+        if (r.ec == std::errc::result_out_of_range)
+            value = wholeNonZero ? kLimit : 0;
+        value = std::min(kLimit, value);
     }
     return negative ? -value : value;
 }

@@ -59,4 +59,22 @@ TEST(Format, ScoresRoundingAndTimes) {
     EXPECT_EQ(MinutesBetween({2026, 12, 31, 23, 59, 0}, {2027, 1, 1, 0, 1, 0}), 2);
 }
 
+TEST(Format, TypedNumbersStopWhereTheNumberEndsAndStayWithinTheLimit) {
+    EXPECT_EQ(plainNumber("123abc"), 123);
+    EXPECT_EQ(plainNumber("  -42.5 points"), -42.5);
+    EXPECT_EQ(plainNumber("1,000"), 1);
+    EXPECT_EQ(plainNumber("x7"), 0);
+    EXPECT_EQ(plainNumber(std::string(40, '9')), 1e15);
+    EXPECT_EQ(plainNumber("999999999999999.5"), 999999999999999.5);
+    // A fraction behind a whole part already at the limit does not carry it past.
+    EXPECT_EQ(plainNumber("9999999999999999.9"), 1e15);
+    EXPECT_EQ(plainNumber("-1000000000000000.5"), -1e15);
+    // The nearest number to what was typed, whatever the digits after the point.
+    EXPECT_EQ(plainNumber("0.3"), 0.3);
+    EXPECT_EQ(plainNumber(" 9.99999999999999999"), 10.0);
+    EXPECT_LT(plainNumber("4.99999999"), 5.0);
+    EXPECT_EQ(plainNumber("0." + std::string(400, '0') + "1"), 0.0);
+    EXPECT_EQ(plainNumber(std::string(400, '7') + ".5"), 1e15);
+}
+
 }  // namespace corvanna
