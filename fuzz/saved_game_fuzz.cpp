@@ -2,25 +2,15 @@
 // is whole, and that game written out reads back as the same game, the same text again.
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 
 #include "games/tierfall/SavedGame.h"
 #include "games/tierfall/TierfallBoard.h"
 
+#define FUZZ_TARGET_NAME "saved_game_fuzz"
+#include "FuzzCheck.h"
+
 using namespace corvanna;
-
-namespace {
-
-void check(bool ok, const char* what) {
-    if (ok)
-        return;
-    std::fprintf(stderr, "saved_game_fuzz: %s\n", what);
-    std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string bytes(reinterpret_cast<const char*>(data), size);

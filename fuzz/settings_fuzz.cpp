@@ -3,8 +3,6 @@
 
 #include <QTemporaryDir>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -17,18 +15,10 @@
 #include "games/GameRegistry.h"
 #include "testkit/FakePlatform.h"
 
+#define FUZZ_TARGET_NAME "settings_fuzz"
+#include "FuzzCheck.h"
+
 using namespace corvanna;
-
-namespace {
-
-void check(bool ok, const char* what) {
-    if (ok)
-        return;
-    std::fprintf(stderr, "settings_fuzz: %s\n", what);
-    std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static QTemporaryDir dir;

@@ -7,8 +7,6 @@
 #include <QTemporaryDir>
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <string>
@@ -21,16 +19,12 @@
 #include "scores/frmHiScoreName.h"
 #include "testkit/FakePlatform.h"
 
+#define FUZZ_TARGET_NAME "table_fuzz"
+#include "FuzzCheck.h"
+
 using namespace corvanna;
 
 namespace {
-
-void check(bool ok, const char* what) {
-    if (ok)
-        return;
-    std::fprintf(stderr, "table_fuzz: %s\n", what);
-    std::abort();
-}
 
 std::string readBack(const std::string& path) {
     std::string s;
