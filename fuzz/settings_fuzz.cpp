@@ -57,8 +57,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         onMenu |= entry.seconds == g.RoundSeconds;
     check(onMenu, "RoundSeconds is not one of the game's time limits");
     check(g.DeckBack >= 0 && g.DeckBack <= 4, "DeckBack out of range");
-    check(form.windowState() == WindowState::Maximized ||
-              (form.width() >= game.minWidth && form.height() >= game.minHeight),
+    auto atLeastSmallest = [&] {
+        return form.width() >= game.minWidth && form.height() >= game.minHeight;
+    };
+    check(form.windowState() != WindowState::Normal || atLeastSmallest(),
           "a normal window below its smallest size");
 
     // Leaving writes a whole new file that is the settings in force.
@@ -66,6 +68,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string written;
     check(readWholeFile(path, written) == ReadStatus::Ok, "the settings file was not written");
     check(written == form.SettingsText(), "the file written is not the settings in force");
+
+    // A window that starts minimised keeps whatever size the file gave it until it is
+    // restored, and then it is never smaller than the game's table.
+    if (form.windowState() == WindowState::Minimized) {
+        form.setWindowState(WindowState::Normal);
+        check(atLeastSmallest(), "a restored window below its smallest size");
+    }
 
     std::ofstream(prog.filePath("User.ini"), std::ios::binary | std::ios::trunc) << bytes;
     ReadUserIni(prog, prog.filePath("User.ini"));

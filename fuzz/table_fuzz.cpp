@@ -133,13 +133,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             now.name.erase(0, now.name.find_first_not_of(" \t"));
             check(sameRow(old, now), "a stored row moved or changed");
         }
-        // The next game's rewrite leaves exactly the ten rows.
-        g.Score = INT32_MIN;
-        check(UpdateHighScoreTable(prog, table, [] {}), "the rewrite failed");
-        std::string ten;
-        for (int i = 0; i < HighScoreRowCount; ++i)
-            ten += HighScoreTable::rowText(rows[i]);
-        check(readBack(path) == ten, "the rewrite is not the ten rows");
+        // The next game's rewrite leaves exactly the ten rows, when that game ranks nowhere:
+        // the table holds 64-bit scores, so a stored one may lie below any a game can make.
+        if (HighScoreTable::rankOf(rows, INT32_MIN) < 0) {
+            g.Score = INT32_MIN;
+            check(UpdateHighScoreTable(prog, table, [] {}), "the rewrite failed");
+            std::string ten;
+            for (int i = 0; i < HighScoreRowCount; ++i)
+                ten += HighScoreTable::rowText(rows[i]);
+            check(readBack(path) == ten, "the rewrite is not the ten rows");
+        }
     }
     fake.takeLog();
     fake.takeErrors();
