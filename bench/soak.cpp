@@ -153,7 +153,6 @@ private:
 
     GameFrame* form_ = nullptr;
     std::unique_ptr<SoakBot> bot_;
-    std::size_t messagesSeen_ = 0;
     std::string fault_;
 
     // What the player chose, to find again after coming back to the game.
@@ -263,9 +262,7 @@ bool Soak::changeTimeLimit() {
 
 // The message boxes shown since the last call.
 bool Soak::newMessages(std::vector<std::string>& texts) {
-    const std::vector<std::string> all = fake_.messages();
-    texts.assign(all.begin() + static_cast<std::ptrdiff_t>(messagesSeen_), all.end());
-    messagesSeen_ = all.size();
+    texts = fake_.takeMessages();
     return texts.empty();
 }
 

@@ -353,6 +353,7 @@ void checkScoringFields(const std::uint8_t* data, std::size_t size) {
     check(fake.takeLog() == expectedLog, "the messages are not one per bad field, in order");
     check(dialog.activeControl() == focus, "the focus is not on the last bad field told");
     fake.takeErrors();
+    fake.takeMessages();
 }
 
 }  // namespace

@@ -80,5 +80,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ReadUserIni(prog, prog.filePath("User.ini"));
     fake.takeLog();
     fake.takeErrors();
+    fake.takeMessages();
     return 0;
 }

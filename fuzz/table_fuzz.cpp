@@ -146,5 +146,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     fake.takeLog();
     fake.takeErrors();
+    fake.takeMessages();
     return 0;
 }

@@ -233,4 +233,10 @@ std::vector<std::string> FakePlatform::messages() const {
     return messages_;
 }
 
+std::vector<std::string> FakePlatform::takeMessages() {
+    std::vector<std::string> out;
+    out.swap(messages_);
+    return out;
+}
+
 }  // namespace corvanna

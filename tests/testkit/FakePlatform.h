@@ -46,6 +46,7 @@ public:
     const std::vector<std::string>& log() const { return log_; }
     std::vector<std::string> takeErrors();
     std::vector<std::string> messages() const;  // the texts of every message box so far
+    std::vector<std::string> takeMessages();    // ... and forgets them, for long runs
     const std::vector<MailMessage>& mails() const { return mails_; }  // every mail handed over
     bool quitRequested() const { return quit_; }
     int sleepDepth() const { return sleeping_; }
