@@ -22,45 +22,28 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <optional>
 #include <poll.h>
 #include <random>
 #include <set>
-#include <sstream>
 #include <string>
 #include <sys/inotify.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
-extern char** environ;
+#include "ChildDrive.h"
+#include "WriteKinds.h"
+
+using namespace killwrites;
 
 namespace {
 
-namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
-
-constexpr const char* kTempMarker = ".tmp-";
-// The seed the driver runs with; the harness's own --seed only moves the kills.
-constexpr const char* kDriveSeed = "1";
 // No step of a script takes anywhere near this; a driver that does is hung.
 constexpr auto kHangLimit = std::chrono::seconds(60);
 // Kills between two timings of the uncut script.
 constexpr int kRetimeEvery = 5;
-
-// One start of the driver: what it reads on stdin, a command a line.
-using Session = std::vector<std::string>;
-
-struct Kind {
-    std::string name;
-    std::string target;            // the file whose writes are being cut
-    std::vector<Session> prepare;  // run to the end once: the folder every run starts from
-    std::vector<Session> script;   // the writes the kills land in
-    Session check;                 // the next start, which reads the target
-    std::string expectedMsgBox;    // the one message box the check shows, when reading says so
-};
 
 struct Options {
     std::string drive;
@@ -68,208 +51,6 @@ struct Options {
     std::vector<std::string> kinds;
     std::uint64_t seed = 1;
 };
-
-// ---- Small file and text helpers
-
-bool readFile(const fs::path& p, std::string& out) {
-    std::ifstream in(p, std::ios::binary);
-    if (!in)
-        return false;
-    std::ostringstream s;
-    s << in.rdbuf();
-    out = s.str();
-    return true;
-}
-
-void writeFile(const fs::path& p, const std::string& text) {
-    std::ofstream out(p, std::ios::binary | std::ios::trunc);
-    out << text;
-}
-
-std::vector<std::string> splitLines(const std::string& text) {
-    std::vector<std::string> out;
-    std::istringstream in(text);
-    for (std::string l; std::getline(in, l);)
-        out.push_back(l);
-    return out;
-}
-
-bool isTempName(const std::string& name) {
-    return name.find(kTempMarker) != std::string::npos;
-}
-
-bool startsWith(const std::string& s, const std::string& prefix) {
-    return s.compare(0, prefix.size(), prefix) == 0;
-}
-
-// A file's bytes as a failure line can show them: short, escaped.
-std::string shown(const std::string& bytes, std::size_t most = 160) {
-    std::string out = "\"";
-    for (std::size_t i = 0; i < bytes.size() && i < most; ++i) {
-        const unsigned char c = static_cast<unsigned char>(bytes[i]);
-        if (c == '\r')
-            out += "\\r";
-        else if (c == '\n')
-            out += "\\n";
-        else if (c == '"' || c == '\\')
-            out += std::string("\\") + static_cast<char>(c);
-        else if (c < 0x20 || c >= 0x7f) {
-            char hex[8];
-            std::snprintf(hex, sizeof hex, "\\x%02X", c);
-            out += hex;
-        } else
-            out += static_cast<char>(c);
-    }
-    out += "\"";
-    if (bytes.size() > most)
-        out += "...";
-    return out;
-}
-
-std::string sessionText(const Session& s) {
-    std::string text;
-    for (const auto& line : s)
-        text += line + "\n";
-    return text;
-}
-
-double seconds(Clock::duration d) {
-    return std::chrono::duration<double>(d).count();
-}
-
-// ---- The folder as the driver left it
-
-// The regular files of a folder by name; what is no regular file is said in `odd`.
-std::map<std::string, std::string> folderFiles(const fs::path& dir,
-                                               std::vector<std::string>* odd = nullptr) {
-    std::map<std::string, std::string> files;
-    std::error_code ec;
-    for (const auto& e : fs::directory_iterator(dir, ec)) {
-        const std::string name = e.path().filename().string();
-        if (e.is_symlink(ec) || !e.is_regular_file(ec)) {
-            if (odd)
-                odd->push_back(name);
-            continue;
-        }
-        std::string bytes;
-        readFile(e.path(), bytes);
-        files[name] = bytes;
-    }
-    return files;
-}
-
-bool emptyFolder(const fs::path& dir) {
-    std::error_code ec;
-    return fs::is_directory(dir, ec) && fs::is_empty(dir, ec);
-}
-
-// ---- The driver as a child process
-
-// The places a run may touch: the data folder, and a home, temporary folder and working
-// folder of its own that must stay empty.
-struct RunDirs {
-    fs::path root, data, home, tmp, cwd;
-    explicit RunDirs(const fs::path& r)
-        : root(r), data(r / "data"), home(r / "home"), tmp(r / "tmp"), cwd(r / "cwd") {}
-    void make() const {
-        std::error_code ec;
-        fs::remove_all(root, ec);
-        for (const auto& d : {root, data, home, tmp, cwd})
-            fs::create_directories(d);
-    }
-};
-
-class Drive {
-public:
-    Drive(const std::string& path, const RunDirs& dirs) {
-        args_ = {path, "--data-dir", dirs.data.string(), "--seed", kDriveSeed};
-        for (char** e = environ; *e; ++e) {
-            const std::string v = *e;
-            if (!startsWith(v, "HOME=") && !startsWith(v, "TMPDIR=") && !startsWith(v, "XDG_"))
-                env_.push_back(v);
-        }
-        env_.push_back("HOME=" + dirs.home.string());
-        env_.push_back("TMPDIR=" + dirs.tmp.string());
-        for (const char* x : {"CONFIG", "DATA", "CACHE", "STATE"})
-            env_.push_back(std::string("XDG_") + x + "_HOME=" + (dirs.home / x).string());
-        cwd_ = dirs.cwd.string();
-    }
-
-    // Starts the driver reading `in` and writing stdout and stderr to `out`.
-    pid_t start(int in, int out) const {
-        std::vector<char*> argv, envp;
-        for (const auto& a : args_)
-            argv.push_back(const_cast<char*>(a.c_str()));
-        argv.push_back(nullptr);
-        for (const auto& e : env_)
-            envp.push_back(const_cast<char*>(e.c_str()));
-        envp.push_back(nullptr);
-        const pid_t pid = ::fork();
-        if (pid == 0) {
-            sigset_t none;
-            sigemptyset(&none);
-            ::sigprocmask(SIG_SETMASK, &none, nullptr);
-            ::signal(SIGPIPE, SIG_DFL);
-            if (::dup2(in, 0) < 0 || ::dup2(out, 1) < 0 || ::dup2(out, 2) < 0 ||
-                ::chdir(cwd_.c_str()) != 0)
-                ::_exit(126);
-            ::execve(argv[0], argv.data(), envp.data());
-            ::_exit(127);
-        }
-        return pid;
-    }
-
-private:
-    std::vector<std::string> args_, env_;
-    std::string cwd_;
-};
-
-// Waits for the child until `deadline`; true with its status when it ended by then.
-// SIGCHLD is blocked, so the wait sleeps in sigtimedwait and wakes as the child ends.
-bool waitUntil(pid_t pid, Clock::time_point deadline, int& status) {
-    sigset_t chld;
-    sigemptyset(&chld);
-    sigaddset(&chld, SIGCHLD);
-    while (true) {
-        const pid_t r = ::waitpid(pid, &status, WNOHANG);
-        if (r == pid)
-            return true;
-        if (r < 0 && errno != EINTR)
-            return true;
-        const auto now = Clock::now();
-        if (now >= deadline)
-            return false;
-        const auto left = std::chrono::duration_cast<std::chrono::nanoseconds>(deadline - now);
-        const auto step = std::min<std::chrono::nanoseconds>(left, std::chrono::milliseconds(50));
-        timespec ts{static_cast<time_t>(step.count() / 1000000000),
-                    static_cast<long>(step.count() % 1000000000)};
-        ::sigtimedwait(&chld, nullptr, &ts);
-    }
-}
-
-void killAndReap(pid_t pid) {
-    int status = 0;
-    ::kill(pid, SIGKILL);
-    while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
-    }
-}
-
-std::string statusText(int status) {
-    if (WIFEXITED(status))
-        return "exit code " + std::to_string(WEXITSTATUS(status));
-    if (WIFSIGNALED(status))
-        return std::string("signal ") + strsignal(WTERMSIG(status));
-    return "status " + std::to_string(status);
-}
-
-// What a finished start of the driver printed that no clean run prints.
-std::vector<std::string> errorLines(const std::string& out) {
-    std::vector<std::string> bad;
-    for (const auto& l : splitLines(out))
-        if (startsWith(l, "error:") || l.find("corvanna-drive:") != std::string::npos)
-            bad.push_back(l);
-    return bad;
-}
 
 // ---- The reference run: every version of every file, command by command
 
@@ -731,133 +512,6 @@ bool Harness::runKind(const Kind& kind) {
         v.versionsOf(kind.target) + (v.before[kind.target] ? 1 : 0), kindFailures);
     std::fflush(stdout);
     return kindFailures == 0;
-}
-
-// ---- The kinds of write, and the scripts that make them again and again
-
-// Ends the start of Tierfall from the selector: the unload question answered Yes.
-void leaveTierfall(Session& s) {
-    s.push_back("answer Yes");
-    s.push_back("click frmTierfall.cmdExit");
-}
-
-// A first start of the program and of Tierfall: the files a first start makes.
-Session firstStart() {
-    Session s{"click frmSelect.cmdTierfall"};
-    leaveTierfall(s);
-    s.push_back("close frmSelect");
-    return s;
-}
-
-std::vector<Kind> allKinds() {
-    std::vector<Kind> kinds;
-    const Session readSettings{"click frmSelect.cmdTierfall", "log"};
-
-    {
-        // Each leave writes what the options menu holds; the options cycle through 12
-        // combinations, so the next version always differs from the last.
-        Kind k{"settings", "Tierfall.Ini", {firstStart()}, {}, readSettings, ""};
-        const char* colors[] = {"mnuYellow", "mnuRed",    "mnuBlue",
-                                "mnuGreen",  "mnuPurple", "mnuBlack"};
-        const char* decks[] = {"mnuPalm", "mnuMagic", "mnuNight", "mnuHot"};
-        Session s;
-        for (int i = 0; i < 12; ++i) {
-            s.push_back("click frmSelect.cmdTierfall");
-            s.push_back(std::string("click frmTierfall.") + colors[i % 6]);
-            s.push_back(std::string("click frmTierfall.") + decks[i % 4]);
-            s.push_back("click frmTierfall.mnuSounds");
-            leaveTierfall(s);
-        }
-        k.script.push_back(s);
-        kinds.push_back(k);
-    }
-    {
-        // The selector writes it as the program closes, with what the submission dialog
-        // took: one write per start of the program.
-        Kind k{"user", "User.ini", {firstStart()}, {}, {"log"}, ""};
-        for (int i = 1; i <= 4; ++i) {
-            const std::string n = std::to_string(i);
-            Session s{"click frmSelect.cmdTierfall",
-                      "click frmTierfall.mnuViewHiScore",
-                      "click frmHighScores.cmdSendScore",
-                      "type frmComposeHighScore.txtName Ada Lind " + n,
-                      "type frmComposeHighScore.txtHomeTown Harrowgate " + n,
-                      "click frmComposeHighScore.cmdCancel",
-                      "click frmHighScores.cmdDone"};
-            leaveTierfall(s);
-            s.push_back("close frmSelect");
-            k.script.push_back(s);
-        }
-        kinds.push_back(k);
-    }
-    {
-        // Each launch from the selector counts one more game of Tierfall.
-        Kind k{"played", "Played.ini", {firstStart()}, {}, readSettings, ""};
-        Session s;
-        for (int i = 0; i < 16; ++i) {
-            s.push_back("click frmSelect.cmdTierfall");
-            leaveTierfall(s);
-        }
-        k.script.push_back(s);
-        kinds.push_back(k);
-    }
-    {
-        // Take Score twice ends a game on its time bonus alone; a bonus a point higher
-        // each game puts every score at the top of the table, so every game over
-        // rewrites it with a new row.
-        Kind k{"table",
-               "ES Tierfall Hi Score Table 11_90.Txt",
-               {firstStart()},
-               {},
-               {"click frmSelect.cmdTierfall", "click frmTierfall.mnuViewHiScore",
-                "click frmHighScores.cmdDone", "log"},
-               ""};
-        Session s{"click frmSelect.cmdTierfall"};
-        for (int i = 1; i <= 12; ++i) {
-            const std::string n = std::to_string(i);
-            s.push_back("click frmTierfall.mnuScoring");
-            s.push_back("type frmTierfallCustomScoring.txtBonus 5000000");
-            s.push_back("type frmTierfallCustomScoring.txtTimeBonus " + std::to_string(1000 + i));
-            s.push_back("click frmTierfallCustomScoring.cmdOK");
-            s.push_back("click frmTierfall.cmdPlay");
-            s.push_back("click frmTierfall.cmdTakeScore");
-            s.push_back("click frmTierfall.cmdTakeScore");
-            s.push_back("type frmHiScoreName.txtPlayerName Player " + n);
-            s.push_back("click frmHiScoreName.cmdOK");
-            s.push_back("click frmHighScores.cmdDone");
-        }
-        k.script.push_back(s);
-        kinds.push_back(k);
-    }
-    {
-        // A game ended at once and saved over the same file: each deal differs.
-        auto playAndSave = [](Session& s, int i, bool overwrite) {
-            s.push_back("click frmTierfall.cmdPlay");
-            s.push_back("answer Yes");
-            s.push_back("click frmTierfall.cmdPlay");
-            s.push_back("click frmTierfall.mnuSave");
-            s.push_back("type frmSave.txtGameName evening");
-            s.push_back("type frmSave.txtUserName Ada Lind " + std::to_string(i));
-            if (overwrite)
-                s.push_back("answer Yes");
-            s.push_back("click frmSave.cmdOK");
-        };
-        Session made{"click frmSelect.cmdTierfall"};
-        playAndSave(made, 0, false);
-        Kind k{"saved",
-               "evening.tfl",
-               {firstStart(), made},
-               {},
-               {"click frmSelect.cmdTierfall", "click frmTierfall.mnuOpen",
-                "type frmOpen.txtGameName evening.tfl", "answer OK", "click frmOpen.cmdOK", "log"},
-               "msgbox Saved Game Information | information | This game was saved by Ada Lind"};
-        Session s{"click frmSelect.cmdTierfall"};
-        for (int i = 1; i <= 12; ++i)
-            playAndSave(s, i, true);
-        k.script.push_back(s);
-        kinds.push_back(k);
-    }
-    return kinds;
 }
 
 int usage(const char* why) {

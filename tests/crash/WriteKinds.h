@@ -1,0 +1,24 @@
+// The kinds of write the kill harness cuts, each with the scripts that make it again and
+// again. A new writer joins with one more entry in allKinds().
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "ChildDrive.h"
+
+namespace killwrites {
+
+struct Kind {
+    std::string name;
+    std::string target;            // the file whose writes are being cut
+    std::vector<Session> prepare;  // run to the end once: the folder every run starts from
+    std::vector<Session> script;   // the writes the kills land in
+    Session check;                 // the next start, which reads the target
+    std::string expectedMsgBox;    // the one message box the check shows, when reading says so
+};
+
+std::vector<Kind> allKinds();
+
+}  // namespace killwrites
