@@ -1,7 +1,10 @@
 #include "qt/SoundPlayer.h"
 
+#include <QEventLoop>
 #include <QFileInfo>
+#include <QTimer>
 #include <QUrl>
+#include <utility>
 
 #ifdef CORVANNA_HAVE_MULTIMEDIA
 #include <QSoundEffect>
@@ -11,10 +14,33 @@ namespace corvanna {
 
 SoundPlayer::SoundPlayer(QObject* parent) : QObject(parent) {}
 
-// The effects are our children and go with us.
-SoundPlayer::~SoundPlayer() = default;
+// The effects are our children and go with us. Qt 6.4's sample cache deadlocks as the
+// process exits if its thread is still reading a file then, so the reads end first.
+SoundPlayer::~SoundPlayer() {
+    settle(2000);
+}
 
 #ifdef CORVANNA_HAVE_MULTIMEDIA
+
+bool SoundPlayer::loading() const {
+    for (const QSoundEffect* effect : effects_)
+        if (effect->status() == QSoundEffect::Loading)
+            return true;
+    return false;
+}
+
+void SoundPlayer::settle(int ms) {
+    if (!loading())
+        return;
+    QEventLoop loop;
+    for (QSoundEffect* effect : std::as_const(effects_))
+        connect(effect, &QSoundEffect::statusChanged, &loop, [this, &loop] {
+            if (!loading())
+                loop.quit();
+        });
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
 
 QSoundEffect* SoundPlayer::effectOf(const QString& path) {
     if (QSoundEffect* kept = effects_.value(path))
@@ -53,6 +79,10 @@ QSoundEffect* SoundPlayer::effectOf(const QString&) {
 }
 void SoundPlayer::play(const QString&) {}
 void SoundPlayer::stop() {}
+bool SoundPlayer::loading() const {
+    return false;
+}
+void SoundPlayer::settle(int) {}
 
 #endif
 

@@ -28,6 +28,10 @@ public:
 
 private:
     QSoundEffect* effectOf(const QString& path);
+    // Whether any file is still being read in the background.
+    bool loading() const;
+    // Runs the event loop, at most `ms`, until no file is being read any more.
+    void settle(int ms);
 
     QHash<QString, QSoundEffect*> effects_;
     QPointer<QSoundEffect> current_;
