@@ -13,7 +13,7 @@
 #include "common/frame/GameFrame.h"
 #include "games/GameRegistry.h"
 #include "scores/HighScores.h"
-#include "testkit/FakePlatform.h"
+#include "virtual/FakePlatform.h"
 
 using namespace corvanna;
 

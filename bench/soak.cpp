@@ -27,8 +27,8 @@
 #include "games/GameRegistry.h"
 #include "scores/HighScoreTable.h"
 #include "shell/Startup.h"
-#include "testkit/FakePlatform.h"
 #include "testkit/SoakBots.h"
+#include "virtual/FakePlatform.h"
 
 using namespace corvanna;
 namespace fs = std::filesystem;

@@ -29,7 +29,7 @@
 #include "drive/Driver.h"
 #include "games/GameRegistry.h"
 #include "shell/Startup.h"
-#include "testkit/FakePlatform.h"
+#include "virtual/FakePlatform.h"
 
 #define FUZZ_TARGET_NAME "drive_fuzz"
 #include "FuzzCheck.h"

@@ -23,7 +23,7 @@
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "scores/frmComposeHighScore.h"
-#include "testkit/FakePlatform.h"
+#include "virtual/FakePlatform.h"
 
 #define FUZZ_TARGET_NAME "number_fuzz"
 #include "FuzzCheck.h"

@@ -13,7 +13,7 @@
 #include "common/UserIni.h"
 #include "common/frame/GameFrame.h"
 #include "games/GameRegistry.h"
-#include "testkit/FakePlatform.h"
+#include "virtual/FakePlatform.h"
 
 #define FUZZ_TARGET_NAME "settings_fuzz"
 #include "FuzzCheck.h"

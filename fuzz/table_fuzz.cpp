@@ -17,7 +17,7 @@
 #include "common/Program.h"
 #include "scores/HighScores.h"
 #include "scores/frmHiScoreName.h"
-#include "testkit/FakePlatform.h"
+#include "virtual/FakePlatform.h"
 
 #define FUZZ_TARGET_NAME "table_fuzz"
 #include "FuzzCheck.h"

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "common/Program.h"
-#include "testkit/FakePlatform.h"
+#include "virtual/FakePlatform.h"
 
 namespace corvanna::drive {
 

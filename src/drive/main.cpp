@@ -13,7 +13,7 @@
 #include "drive/Driver.h"
 #include "games/GameRegistry.h"
 #include "shell/Startup.h"
-#include "testkit/FakePlatform.h"
+#include "virtual/FakePlatform.h"
 
 namespace corvanna::drive {
 

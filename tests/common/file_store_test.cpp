@@ -11,7 +11,7 @@
 
 #include "common/FileStore.h"
 #include "common/Program.h"
-#include "testkit/FakePlatform.h"
+#include "virtual/FakePlatform.h"
 
 namespace corvanna {
 

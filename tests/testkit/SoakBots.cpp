@@ -3,8 +3,8 @@
 #include "common/Program.h"
 #include "forms/Input.h"
 #include "games/tierfall/frmTierfall.h"
-#include "testkit/FakePlatform.h"
 #include "testkit/TierfallBot.h"
+#include "virtual/FakePlatform.h"
 
 namespace corvanna {
 

@@ -7,7 +7,7 @@
 
 #include "common/Program.h"
 #include "common/frame/GameFrame.h"
-#include "testkit/FakePlatform.h"
+#include "virtual/FakePlatform.h"
 
 namespace corvanna {
 

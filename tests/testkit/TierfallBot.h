@@ -7,7 +7,7 @@
 #include <random>
 #include <string>
 
-#include "testkit/FakePlatform.h"
+#include "virtual/FakePlatform.h"
 
 namespace corvanna {
 

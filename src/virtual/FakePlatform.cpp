@@ -1,4 +1,4 @@
-#include "testkit/FakePlatform.h"
+#include "virtual/FakePlatform.h"
 
 #include <QDateTime>
 #include <algorithm>
