@@ -105,4 +105,26 @@ void GameFrame::UnloadWithoutQuestion() {
     prog_.unload(*this);
 }
 
+// Minimise and restore: time stands still while the form is minimised.
+void GameFrame::Form_Resize() {
+    if (windowState() == WindowState::Minimized) {
+        if (!minimised_ && g_.GameInProgress) {
+            Timer1.stop();
+            if (g_.MusicOn)
+                StopMusic();
+        }
+        minimised_ = true;
+        return;
+    }
+    if (minimised_) {
+        minimised_ = false;
+        if (g_.GameInProgress && !isPaused() && !g_.TakingScore) {
+            Timer1.start();
+            if (g_.MusicOn)
+                StartMusic();
+        }
+    }
+    LayoutForm();
+}
+
 }  // namespace corvanna

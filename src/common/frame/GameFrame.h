@@ -5,9 +5,10 @@
 //
 // A game derives from GameFrame, gives its GameInfo row, and overrides only the
 // hooks below where its rules differ. The frame is split by concern:
-//   GameFrame.cpp   controls, menus, layout (Form_Load, Form_Resize)
+//   GameFrame.cpp   controls, menus, Form_Load
+//   FrameLayout.cpp where every control goes at the window's size
 //   FrameRound.cpp  Play, InitRound, the Timer1 tick, the end of a round, game over
-//   FramePause.cpp  Pause / Resume, dialogs that pause, minimise, unload
+//   FramePause.cpp  Pause / Resume, dialogs that pause, minimise (Form_Resize), unload
 //   FrameSplash.cpp the splash animation, the time of day, back design menus
 
 #include <functional>
@@ -110,6 +111,8 @@ public:
     // The way back: the unload question, and on Yes the selector.
     void Form_Unload(bool& cancel);
     void Form_Resize();
+    // Holds a normal window at its smallest size and places every control (FrameLayout.cpp).
+    void LayoutForm();
 
     // Flashes the message label red and black, 250 ms a swap.
     void FlashMessage(int times);
