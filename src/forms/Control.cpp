@@ -122,13 +122,32 @@ void Control::setToolTipText(const std::string& v) {
     SETTER(toolTip_, Prop::ToolTip);
 }
 void Control::setChecked(bool v) {
-    SETTER(checked_, Prop::Checked);
+    if (v == checked_)
+        return;
+    checked_ = v;
+    notify(Prop::Checked);
+    // A check box's value, or an option button coming on, runs its Click whoever sets it,
+    // so a dialog that checks one by program gets what a click would have done.
+    const bool clicks = kind_ == ControlKind::CheckBox || (kind_ == ControlKind::OptionButton && v);
+    if (!clicks)
+        return;
+    if (kind_ == ControlKind::OptionButton)
+        for (Control* sibling : form_->childrenOf(container_))
+            if (sibling != this && sibling->kind() == ControlKind::OptionButton)
+                sibling->setChecked(false);
+    if (Click) {
+        auto handler = Click;  // the handler may unload the form, and the control with it
+        handler();
+    }
 }
 void Control::setPicture(const std::string& v) {
     SETTER(picture_, Prop::Picture);
 }
 void Control::setAlignment(Align v) {
     SETTER(alignment_, Prop::Style);
+}
+void Control::setTextFit(TextFit v) {
+    SETTER(textFit_, Prop::Style);
 }
 void Control::setMouseIcon(const std::string& v) {
     SETTER(mouseIcon_, Prop::Style);

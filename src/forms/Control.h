@@ -72,9 +72,15 @@ enum class Prop {
     ControlAdded,
     Destroyed,
     Focus,
+    Selection,  // a text box's selected part
 };
 
 enum class Align { Left, Center, Right };
+
+// What a label does with a text wider than itself: one line in a smaller font (the
+// usual, so a message never loses a line), one line cut with an ellipsis (a name in a
+// list), or whole words on further lines (a paragraph).
+enum class TextFit { Shrink, Elide, Wrap };
 
 class Control {
 public:
@@ -125,6 +131,8 @@ public:
     void setFont(double size, bool bold);
     Align alignment() const { return alignment_; }
     void setAlignment(Align a);
+    TextFit textFit() const { return textFit_; }
+    void setTextFit(TextFit f);
     // Stacking among siblings: higher is in front.
     int zOrder() const { return zOrder_; }
     void sendToBack();
@@ -176,6 +184,7 @@ protected:
     double fontSize_ = 8.25;
     bool fontBold_ = false;
     Align alignment_ = Align::Left;
+    TextFit textFit_ = TextFit::Shrink;
     int zOrder_ = 0;
     std::string mouseIcon_;
 

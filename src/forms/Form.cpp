@@ -111,6 +111,13 @@ void Form::setVisibleFlag(bool v) {
     notify(Prop::Visible);
 }
 
+void Form::setFontScale(double scale) {
+    if (!(scale > 0) || scale == fontScale_)
+        return;
+    fontScale_ = scale;
+    notify(Prop::Font);
+}
+
 void Form::setMousePointer(MousePointer p) {
     if (p == pointer_)
         return;

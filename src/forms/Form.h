@@ -91,6 +91,17 @@ public:
     bool enabled() const { return enabled_; }
     void setEnabled(bool e) { enabled_ = e; }
 
+    // The button Enter presses and the one Escape presses; nullptr where the form has none.
+    Control* defaultButton() const { return defaultButton_; }
+    Control* cancelButton() const { return cancelButton_; }
+    void setDefaultButton(Control* button) { defaultButton_ = button; }
+    void setCancelButton(Control* button) { cancelButton_ = button; }
+
+    // How much larger than their design size the form's texts are drawn: the layout sets it
+    // when the window grows, so text keeps its proportion to the controls it sits in.
+    double fontScale() const { return fontScale_; }
+    void setFontScale(double scale);
+
     // Events, as the form's own handlers set them.
     std::function<void(bool& cancel)> QueryUnload;  // Form_Unload with its Cancel
     std::function<void()> Resize;
@@ -119,6 +130,9 @@ private:
     Observers<Form&, Prop> observers_;
     int zCounter_ = 0;
     Control* activeControl_ = nullptr;
+    Control* defaultButton_ = nullptr;
+    Control* cancelButton_ = nullptr;
+    double fontScale_ = 1.0;
     friend class Control;
 };
 

@@ -52,14 +52,15 @@ bool userClick(Control& control, std::string* whyNot) {
         if (m.isSeparator())
             return refuse("is a separator");
     }
-    // A check box or option button changes its value as the click lands.
-    if (control.kind() == ControlKind::CheckBox)
+    // A check box or option button changes its value as the click lands, which runs Click;
+    // a click on an option button that is already on runs it too.
+    if (control.kind() == ControlKind::CheckBox) {
         control.setChecked(!control.checked());
-    if (control.kind() == ControlKind::OptionButton) {
-        for (auto* sib : control.form().childrenOf(control.container()))
-            if (sib != &control && sib->kind() == ControlKind::OptionButton)
-                sib->setChecked(false);
+        return true;
+    }
+    if (control.kind() == ControlKind::OptionButton && !control.checked()) {
         control.setChecked(true);
+        return true;
     }
     run(control.Click);
     return true;

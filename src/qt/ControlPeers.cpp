@@ -101,13 +101,6 @@ void ControlPeer::applyCursor() {
         widget_->unsetCursor();
 }
 
-void ControlPeer::applyFont() {
-    QFont f = QApplication::font();
-    f.setPointSizeF(model_->fontSize() > 0 ? model_->fontSize() : 8.25);
-    f.setBold(model_->fontBold());
-    widget_->setFont(f);
-}
-
 void ControlPeer::applyColors(bool fillBack) {
     QPalette pal = widget_->palette();
     const QColor fore = toQColor(model_->foreColor());
@@ -136,41 +129,7 @@ bool ControlPeer::doubleClick() {
 
 namespace {
 
-Qt::Alignment horizontal(Align a) {
-    switch (a) {
-        case Align::Center: return Qt::AlignHCenter;
-        case Align::Right: return Qt::AlignRight;
-        default: return Qt::AlignLeft;
-    }
-}
-
 // ---- The kinds
-
-class LabelPeer : public ControlPeer {
-public:
-    using ControlPeer::ControlPeer;
-
-protected:
-    QWidget* create(QWidget* parent) override {
-        auto* w = new TextLabel(parent);
-        w->clicks.onClick = [this] { click(); };
-        w->clicks.onDoubleClick = [this] { return doubleClick(); };
-        return w;
-    }
-    void apply(Prop p) override {
-        auto* w = static_cast<TextLabel*>(widget_.data());
-        switch (p) {
-            case Prop::Caption: w->setText(qs(model_->caption())); break;
-            case Prop::ForeColor:
-            case Prop::BackColor: applyColors(true); break;
-            case Prop::Style:
-                w->setAlignment(horizontal(model_->alignment()) | Qt::AlignTop);
-                ControlPeer::apply(p);
-                break;
-            default: ControlPeer::apply(p);
-        }
-    }
-};
 
 class ButtonPeer : public ControlPeer {
 public:
@@ -568,7 +527,7 @@ std::unique_ptr<ControlPeer> makePeer(Control& c, FormWindow& w) {
         return nullptr;
     }
     switch (c.kind()) {
-        case ControlKind::Label: return std::make_unique<LabelPeer>(c, w);
+        case ControlKind::Label: return makeLabelPeer(c, w);
         case ControlKind::CommandButton: return std::make_unique<ButtonPeer>(c, w);
         case ControlKind::Image: return std::make_unique<ImagePeer>(c, w);
         case ControlKind::Shape: return std::make_unique<ShapePeer>(c, w);

@@ -56,6 +56,9 @@ private:
     int sub_ = 0;
 };
 
+// The peer for a label (LabelPeer.cpp).
+std::unique_ptr<ControlPeer> makeLabelPeer(Control& control, FormWindow& window);
+
 // The peer for a control, or nullptr for kinds without a widget (timers, menus).
 std::unique_ptr<ControlPeer> makePeer(Control& control, FormWindow& window);
 

@@ -83,6 +83,8 @@ frmTierfallCustomScoring::frmTierfallCustomScoring(Program& prog, frmTierfall& g
     cmdDefault.Click = [this] { cmdDefault_Click(); };
     cmdOK.Click = [this] { cmdOK_Click(); };
     cmdCancel.Click = [this] { cmdCancel_Click(); };
+    setDefaultButton(&cmdOK);
+    setCancelButton(&cmdCancel);
 }
 
 void frmTierfallCustomScoring::Form_Load() {
@@ -93,14 +95,15 @@ void frmTierfallCustomScoring::Form_Load() {
     setCaption(g.AppTitle + " User Options");
     frmScoringOptions.setCaption(g.AppTitle + " Scoring Options");
     lblElevenBonus.setCaption(combinationLabel(t.CardGoal));
+    // The box first: checking it runs its Click, which would overwrite a custom bonus.
+    chkScoring.setChecked(t.EnhancedScoring);
+    txtCardBonus.setEnabled(t.EnhancedScoring);
+    lblCardBonus.setEnabled(t.EnhancedScoring);
     txtBonus.setText(std::to_string(g.BonusRoundScore));
     txtCompletion.setText(std::to_string(t.CompletionBonus));
     txtElevensBonus.setText(std::to_string(t.combinationBonus()));
     txtTimeBonus.setText(std::to_string(g.TimeBonus));
     txtCardBonus.setText(std::to_string(t.CardBonus));
-    chkScoring.setChecked(t.EnhancedScoring);
-    txtCardBonus.setEnabled(t.EnhancedScoring);
-    lblCardBonus.setEnabled(t.EnhancedScoring);
     txtBonus.setFocus();
 }
 
@@ -115,14 +118,13 @@ void frmTierfallCustomScoring::chkScoring_Click() {
 void frmTierfallCustomScoring::cmdDefault_Click() {
     txtBonus.setText(std::to_string(TierfallValues::kDefaultBonusRoundScore));
     txtCompletion.setText(std::to_string(TierfallValues::kDefaultCompletionBonus));
-    txtElevensBonus.setText(std::to_string(prog_.state.Tierfall.EnhancedScoring
+    txtElevensBonus.setText(std::to_string(chkScoring.checked()
                                                ? TierfallValues::kDefaultElevensBonusES
                                                : TierfallValues::kDefaultElevensBonus));
     txtTimeBonus.setText(std::to_string(TierfallValues::kDefaultTimeBonus));
     txtCardBonus.setText(std::to_string(TierfallValues::kDefaultCardBonus));
+    // Checking the box runs its Click: the enhanced mode's own bonus and the card bonus field.
     chkScoring.setChecked(true);
-    txtCardBonus.setEnabled(true);
-    lblCardBonus.setEnabled(true);
 }
 
 void frmTierfallCustomScoring::cmdOK_Click() {

@@ -38,7 +38,8 @@ bool TierfallCustomScoring(const AppState& g) {
                               : t.ElevensBonus != TierfallValues::kDefaultElevensBonus;
     return g.BonusRoundScore != TierfallValues::kDefaultBonusRoundScore ||
            t.CompletionBonus != TierfallValues::kDefaultCompletionBonus ||
-           g.TimeBonus != TierfallValues::kDefaultTimeBonus || comboOff;
+           g.TimeBonus != TierfallValues::kDefaultTimeBonus || comboOff ||
+           t.CardBonus != TierfallValues::kDefaultCardBonus;
 }
 
 std::string TierfallTableName(const TierfallValues& values) {

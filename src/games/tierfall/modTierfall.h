@@ -21,7 +21,8 @@ int TierfallMoveCost(int slot, bool enhanced);
 // "n points", as a card's tooltip shows its value.
 std::string PointsText(int points);
 
-// CustomScoring: a value off its default, the combination bonus by the mode in force.
+// CustomScoring: a value off its default, the combination bonus by the mode in force; the
+// card bonus counts too, since the player can raise it as far as any other.
 bool TierfallCustomScoring(const AppState& g);
 
 // The table's name: "Tierfall Hi Score Table ", "ES " ahead of it in the enhanced mode,
