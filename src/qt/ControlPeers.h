@@ -29,6 +29,11 @@ public:
     // Stops listening; the widget goes with its window.
     void detach();
     void applyCursor();
+    // Shows one property again, as when the form's font scale changes.
+    void reapply(Prop p) {
+        if (model_ && widget_)
+            apply(p);
+    }
     // The place of the widget, from twips relative to the container.
     virtual void applyGeometry();
 

@@ -76,6 +76,10 @@ void FormWindow::onFormChanged(Prop p) {
         case Prop::WindowState: applyWindowState(); break;
         case Prop::MousePointer: applyCursor(); break;
         case Prop::BackColor: applyBackColor(); break;
+        case Prop::Font:  // the form's font scale
+            for (auto& [c, peer] : peers_)
+                peer->reapply(Prop::Font);
+            break;
         case Prop::ControlAdded: {
             Control& added = *form_->controls().back();
             if (added.kind() == ControlKind::Menu) {

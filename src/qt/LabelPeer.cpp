@@ -11,7 +11,8 @@ namespace corvanna {
 
 void ControlPeer::applyFont() {
     QFont f = QApplication::font();
-    f.setPointSizeF(model_->fontSize() > 0 ? model_->fontSize() : 8.25);
+    f.setPointSizeF((model_->fontSize() > 0 ? model_->fontSize() : 8.25) *
+                    model_->form().fontScale());
     f.setBold(model_->fontBold());
     widget_->setFont(f);
 }
