@@ -304,6 +304,60 @@ TEST(Frame, PauseResumeAndDialogsKeepTheRoundClockStill) {
     EXPECT_TRUE(t.fake.takeErrors().empty());
 }
 
+TEST(Frame, NoRoundClockOrTuneRunsWhileMinimisedWhateverStartsOrResumesTheRound) {
+    for (const GameInfo& game : allGames()) {
+        SCOPED_TRACE(game.formName);
+        TestProgram t;
+        GameFrame& f = t.openGame(game.formName);
+        auto& g = t.prog.state;
+        g.Tierfall.EnhancedScoring = false;  // Tierfall's clock runs from the deal, as others do
+        const int seconds = game.timeLimits.front().seconds;
+        t.click(game.formName, "mnu" + std::to_string(seconds));
+        t.click(game.formName, "mnuMusic");
+        auto tuneStarts = [&] {
+            const auto log = t.fake.takeLog();
+            return std::count(log.begin(), log.end(), "music start Orlund.MID");
+        };
+        auto clockStandsStill = [&] {
+            const auto before = g.ElapsedSeconds;
+            t.fake.advance(5000);
+            return !t.fake.isRunning(f.Timer1) && g.ElapsedSeconds == before && tuneStarts() == 0;
+        };
+        t.click(game.formName, "cmdPlay");
+        ASSERT_EQ(tuneStarts(), 1);
+
+        // Minimised while "Times Up!" flashes: the minimise is held, handled at the end of
+        // the round, and the next round is dealt into the minimised window.
+        f.lblMessage.subscribe([&](Control& c, Prop p) {
+            if (p == Prop::Caption && c.caption() == "Times Up!")
+                t.fake.post([&] { f.setWindowState(WindowState::Minimized); });
+        });
+        t.fake.advance(seconds * 1000 + 21 * 250 + 2 * 2000);  // the longest end of a round
+        ASSERT_EQ(g.RoundNumber, 2);
+        ASSERT_TRUE(g.GameInProgress);
+        EXPECT_TRUE(clockStandsStill());
+
+        // The close box answered No, a dialog, Pause and Resume: each one resumes, none runs.
+        t.fake.queueAnswer(MsgResult::No);
+        t.fake.onCloseRequest(f);
+        EXPECT_TRUE(clockStandsStill());
+        t.fake.queueModal([&](Form& about) { t.click(about.name(), "cmdCoolDude"); });
+        f.mnuAbout.Click();
+        EXPECT_TRUE(clockStandsStill());
+        f.cmdPause.Click();
+        f.cmdPause.Click();
+        EXPECT_TRUE(clockStandsStill());
+
+        // Restored: the round goes on from where it stood, with its tune.
+        f.setWindowState(WindowState::Normal);
+        EXPECT_EQ(tuneStarts(), 1);
+        const auto before = g.ElapsedSeconds;
+        t.fake.advance(1000);
+        EXPECT_EQ(g.ElapsedSeconds, before + 1);
+        EXPECT_TRUE(t.fake.takeErrors().empty());
+    }
+}
+
 TEST(Frame, MusicFollowsTheRoundsPauseAndTheMenu) {
     TestProgram t;
     GameFrame& f = t.openGame("frmWildslot");

@@ -166,6 +166,29 @@ TEST(TierfallPlay, SelectingDeselectingAndTotalsOverTheGoal) {
     EXPECT_EQ(x.f.lblCardCount.caption(), "Cards: 28");
 }
 
+TEST(TierfallPlay, ADrawPutsOneUpCardBackIntoTheLowestGapAndChargesOneMove) {
+    Table x;
+    x.playStacked();
+    x.pile();
+    x.pile();  // a full board: the stack grows to three, 10H and Deck(51) on the 6C
+    ASSERT_EQ(x.f.board.UpCount, 3);
+    x.card(20);  // 5
+    x.card(21);  // + 6: two gaps in tier one, 100 + 100 in the enhanced mode
+    ASSERT_EQ(x.g.Score, 200);
+    x.heard();
+
+    x.pile();  // Deck(51) goes back to slot 20, slot 21 stays empty, Deck(50) comes up
+    EXPECT_EQ(x.heard(), (Sounds{"Markq.wav"}));
+    EXPECT_EQ(x.f.board.FieldCards[20], x.g.Deck[51]);
+    EXPECT_TRUE(x.f.FieldCardPicture[20]->visible());
+    EXPECT_FALSE(x.f.FieldCardPicture[21]->visible());
+    EXPECT_EQ(x.f.board.UpCount, 3);
+    EXPECT_EQ(x.f.UpCardPicture.picture(), x.pic(x.g.Deck[50]));
+    EXPECT_EQ(x.f.lblCardCount.caption(), "Cards: 27");
+    EXPECT_EQ(x.g.Score, 100);  // one move into tier one
+    EXPECT_EQ(x.f.lblCurrentScore.caption(), "100");
+}
+
 TEST(TierfallPlay, DrawPileRunsOutOnAFullBoard) {
     Table x;
     x.playStacked();

@@ -558,6 +558,61 @@ TEST(TierfallRound, EndGameAsksFirstRecordsNothingAndOffersReplay) {
     EXPECT_TRUE(t.fake.takeErrors().empty());
 }
 
+TEST(TierfallRound, AnEndedRoundOrGameLeavesTheClockEmptyAndStillAndTheTuneOff) {
+    TestProgram t;
+    auto& f = static_cast<frmTierfall&>(t.openGame("frmTierfall"));
+    auto& g = t.prog.state;
+    g.Tierfall.EnhancedScoring = false;
+    t.click("frmTierfall", "mnu30");
+    t.click("frmTierfall", "mnuDrawTimer");  // seconds left are paid at once
+    g.BonusRoundScore = 1;                   // every game earns its bonus round
+    auto slices = [&] {
+        return std::count_if(f.Surface.ops().begin(), f.Surface.ops().end(),
+                             [](const DrawOp& op) { return op.kind == DrawOp::Pie; });
+    };
+    auto stillAndEmpty = [&] {
+        f.setSize(f.width() + 300, f.height() + 300);  // a resize repaints the clock
+        t.fake.advance(1000);
+        return slices() == 0 && !t.fake.isRunning(f.Timer2) && g.ClockSeconds == 0;
+    };
+    bool emptiedBeforeRoundTwo = false;
+    f.lblMessage.subscribe([&](Control& c, Prop p) {
+        if (p == Prop::Caption && c.caption() == "Prepare for Round Two!")
+            emptiedBeforeRoundTwo = slices() == 0 && !t.fake.isRunning(f.Timer2);
+    });
+
+    t.click("frmTierfall", "cmdPlay");
+    t.fake.advance(25000);  // 300 degrees: the last quarter blinks
+    ASSERT_TRUE(t.fake.isRunning(f.Timer2));
+    t.click("frmTierfall", "cmdTakeScore");
+    EXPECT_TRUE(emptiedBeforeRoundTwo);
+    t.click("frmTierfall", "cmdTakeScore");  // round two at once: the bonus round is earned
+    ASSERT_EQ(g.RoundNumber, 3);
+
+    // The bonus round's seconds counted out run the clock to its end; the tune, switched on
+    // during the payments, waits for a round that never comes.
+    t.click("frmTierfall", "mnuDrawTimer");
+    t.fake.advance(25000);
+    t.fake.post([&] { userClick(f.mnuMusic); });
+    t.fake.takeLog();
+    t.click("frmTierfall", "cmdTakeScore");
+    ASSERT_FALSE(g.GameInProgress);
+    ASSERT_TRUE(g.MusicOn);
+    const auto log = t.fake.takeLog();
+    EXPECT_EQ(std::count(log.begin(), log.end(), "music start Orlund.MID"), 0);
+    EXPECT_TRUE(f.Surface.visible());
+    EXPECT_TRUE(stillAndEmpty());
+
+    // End Game clears the clock, and it stays clear.
+    t.click("frmTierfall", "cmdPlay");
+    t.fake.advance(25000);
+    t.fake.queueAnswer(MsgResult::Yes);
+    t.click("frmTierfall", "cmdPlay");
+    EXPECT_TRUE(f.Surface.ops().empty());
+    EXPECT_TRUE(stillAndEmpty());
+    EXPECT_TRUE(t.fake.takeErrors().empty());
+}
+
 TEST(TierfallRound, ScoreBelowZeroStandsInRed) {
     for (const bool enhanced : {false, true}) {
         Table x;

@@ -30,7 +30,8 @@ void InitClock(GameFrame& form) {
 void PlaceClock(GameFrame& form) {
     computeGeometry(form);
     auto& g = form.program().state;
-    if (g.RoundSeconds <= 0)
+    // A cleared surface stays clear; anything else shows what ClockSeconds says.
+    if (g.RoundSeconds <= 0 || form.Surface.ops().empty())
         return;
     // Repaint what the clock showed, without moving the blink on.
     auto& c = g.Clock;
@@ -84,6 +85,13 @@ void DrawClock(int angle, GameFrame& form) {
     s.Line(x, y, static_cast<int>(x - r), y, c.line);
     s.CircleOutline(x, y, r, 0x000000);
     s.endPaint();
+}
+
+void EmptyClock(GameFrame& form) {
+    form.Timer2.stop();
+    // ClockSeconds is what the face shows; Timer2 and a resize repaint from it.
+    form.program().state.ClockSeconds = 0;
+    DrawClock(0, form);
 }
 
 void ShowSecondsLeft(GameFrame& f) {

@@ -10,6 +10,9 @@ class GameFrame;
 void InitClock(GameFrame& form);
 // angle: degrees of the round gone, 0 to 360. Starts and stops Timer2.
 void DrawClock(int angle, GameFrame& form);
+// The round's clock emptied for good: no slice, no blink, and a resize keeps it so until
+// the next deal draws it again.
+void EmptyClock(GameFrame& form);
 // lblTime: "Time: " and the seconds left, as the clock runs on through a speed bonus.
 void ShowSecondsLeft(GameFrame& form);
 // After a resize: the new centre and radius, the same picture.

@@ -12,7 +12,7 @@ void GameFrame::Pause() {
         lblMessage.setCaption("Game Paused");
         if (g_.GameInProgress)
             lblMessage.setVisible(true);
-        Timer1.stop();
+        StopRoundTimers();
         cmdPause.setCaption("&Resume");
         mnuPause.setCaption("&Resume");
         EnableLeavingCommands(false);
@@ -28,7 +28,7 @@ void GameFrame::Pause() {
         mnuPause.setCaption(info_.pauseCaption);
         EnableLeavingCommands(true);
         ShowCards(true);
-        Timer1.start();
+        StartRoundTimers();
         if (g_.MusicOn && g_.GameInProgress)
             StartMusic();
     }
@@ -89,7 +89,7 @@ void GameFrame::Form_Unload(bool& cancel) {
 
 void GameFrame::LeaveForm() {
     WriteSettings();
-    Timer1.stop();
+    StopRoundTimers();
     Timer2.stop();
     Timer4.stop();
     g_.GameInProgress = false;
@@ -109,7 +109,7 @@ void GameFrame::UnloadWithoutQuestion() {
 void GameFrame::Form_Resize() {
     if (windowState() == WindowState::Minimized) {
         if (!minimised_ && g_.GameInProgress) {
-            Timer1.stop();
+            StopRoundTimers();
             if (g_.MusicOn)
                 StopMusic();
         }
@@ -119,12 +119,26 @@ void GameFrame::Form_Resize() {
     if (minimised_) {
         minimised_ = false;
         if (g_.GameInProgress && !isPaused() && !g_.TakingScore) {
-            Timer1.start();
+            StartRoundTimers();
             if (g_.MusicOn)
                 StartMusic();
         }
     }
     LayoutForm();
+}
+
+void GameFrame::StartRoundTimers() {
+    if (minimised_)
+        return;
+    Timer1.start();
+    for (Timer* t : GameRoundTimers())
+        t->start();
+}
+
+void GameFrame::StopRoundTimers() {
+    Timer1.stop();
+    for (Timer* t : GameRoundTimers())
+        t->stop();
 }
 
 }  // namespace corvanna

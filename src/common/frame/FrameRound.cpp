@@ -45,7 +45,8 @@ void GameFrame::EndGameWithoutScore() {
     EnableTakeScore(false);
     cmdPause.setEnabled(false);
     mnuPause.setEnabled(false);
-    Timer1.stop();
+    StopRoundTimers();
+    Timer2.stop();  // the clock stands still on the idle form
     frmSplash.setVisible(true);
     Timer4.start();
     if (g_.MusicOn)
@@ -82,7 +83,7 @@ void GameFrame::InitRound() {
 
     // The end of the deal: the clock and the goal lines.
     InitClock(*this);
-    Timer1.start();
+    StartRoundTimers();
     SetStatus(1, "Make " + formatScore(g_.BonusRoundScore) + info_.bonusLine);
     SetStatus(2, info_.hintLine);
     if (g_.MusicOn)
@@ -106,7 +107,7 @@ void GameFrame::Timer1_Timer() {
 
     if (g_.ElapsedSeconds == g_.RoundSeconds) {
         endingRound_ = true;
-        Timer1.stop();
+        StopRoundTimers();
         HideBoardAtTimeOut();
         lblMessage.setCaption("Times Up!");
         lblMessage.setVisible(true);
@@ -166,7 +167,7 @@ void GameFrame::RunEndOfRound() {
 
 void GameFrame::TakeScore() {
     g_.TakingScore = true;
-    Timer1.stop();
+    StopRoundTimers();
     EnableCommands(false);
     if (g_.MusicOn)
         StopMusic();
@@ -210,7 +211,8 @@ void GameFrame::NextRoundOrGameOver() {
 }
 
 void GameFrame::GameOver() {
-    Timer1.stop();
+    StopRoundTimers();
+    Timer2.stop();  // the clock stands still on the idle form
     g_.GameInProgress = false;
     cmdPlay.setCaption("&Play");
     mnuPlay.setCaption("&Play");
@@ -256,6 +258,9 @@ void GameFrame::PlayWaveFile(const std::string& file) {
 }
 
 void GameFrame::StartMusic() {
+    // The tune is the round's: it waits for the restore as the clock does.
+    if (minimised_)
+        return;
     prog_.platform.startMusic(prog_.shippedFile("Orlund.MID"));
 }
 

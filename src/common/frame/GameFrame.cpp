@@ -185,8 +185,12 @@ void GameFrame::wireHandlers() {
     mnuMusic.Click = [this] {
         g_.MusicOn = !g_.MusicOn;
         mnuMusic.setChecked(g_.MusicOn);
-        if (g_.GameInProgress && !isPaused())
-            g_.MusicOn ? StartMusic() : StopMusic();
+        // Switched on, it plays only while a round runs: between rounds the next deal
+        // starts it, and after the last round nothing does.
+        if (!g_.MusicOn && g_.GameInProgress)
+            StopMusic();
+        else if (g_.MusicOn && g_.GameInProgress && !isPaused() && !g_.TakingScore && !endingRound_)
+            StartMusic();
     };
     mnuSounds.Click = [this] {
         g_.SoundsOn = !g_.SoundsOn;
@@ -212,7 +216,7 @@ void GameFrame::wireHandlers() {
 void GameFrame::Form_Load() {
     setMousePointer(MousePointer::Hourglass);
     Timer4.start();
-    Timer1.stop();
+    StopRoundTimers();
     Timer2.stop();
     g_.GameInProgress = false;
 

@@ -13,6 +13,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "common/Program.h"
 #include "common/frame/GameInfo.h"
@@ -74,6 +75,8 @@ public:
     virtual void CheckForCustom() {}
     // Runs at load once the settings file has been read and CustomScoring set.
     virtual void SettingsApplied() {}
+    // The game's own timers that run and stand still with Timer1 (none in most games).
+    virtual std::vector<Timer*> GameRoundTimers() { return {}; }
 
     // The commands: the usual Play for both Play commands, and the usual end of a round.
     virtual void cmdPlay_Click() { Play(); }
@@ -113,6 +116,13 @@ public:
     void Form_Resize();
     // Holds a normal window at its smallest size and places every control (FrameLayout.cpp).
     void LayoutForm();
+
+    // The round's clocks: Timer1 and the game's own. None of them runs while the form is
+    // minimised, whatever path starts a round or resumes one: a start asked for then is
+    // made by the restore, unless the game is paused by then.
+    void StartRoundTimers();
+    void StopRoundTimers();
+    bool minimised() const { return minimised_; }
 
     // Flashes the message label red and black, 250 ms a swap.
     void FlashMessage(int times);

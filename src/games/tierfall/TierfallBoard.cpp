@@ -196,6 +196,16 @@ TierfallBoard::Draw TierfallBoard::draw() {
     return d;
 }
 
+void TierfallBoard::payOneCombination() {
+    if (GoalCount > 0)
+        GoalCount -= 1;
+}
+
+void TierfallBoard::payOnePileCard() {
+    if (PlayPileTop >= 0)
+        PlayPileTop = static_cast<std::int16_t>(PlayPileTop - 1);
+}
+
 void TierfallBoard::clearSelection() {
     selected.fill(false);
     upCardSelected = false;

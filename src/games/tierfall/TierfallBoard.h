@@ -92,15 +92,26 @@ public:
         int movedToSlot = -1;  // where the old up card went back onto the board, -1 if nowhere
         std::string card;      // the new up card
     };
-    // MoveUpCardToFieldArea: the up card goes to the lowest gap; -1 when there is none.
-    int moveUpCardToField();
-    // PlayCardPicture: an old up card goes back to the board if there is a gap, the top of
-    // the pile becomes the up card, and every selection is cleared.
+    // PlayCardPicture: an old up card goes back to the board if there is a gap (the form
+    // charges the move from movedToSlot), the top of the pile becomes the up card, and
+    // every selection is cleared. The one and only step that moves up cards on a draw.
     Draw draw();
     void clearSelection();
+    // CheckTotal is over: the up card it used no longer silences a draw.
+    void combinationSettled() { UpCardUsed = false; }
+
+    // The end of a round pays out what the round left: one combination, or one card of the
+    // pile, a step; or every combination at once.
+    void payOneCombination();
+    void payAllCombinations() { GoalCount = 0; }
+    void payOnePileCard();
 
     // One line per slot, the up card and the pile: the golden deal's text.
     std::string dump() const;
+
+private:
+    // MoveUpCardToFieldArea: the up card goes to the lowest gap; -1 when there is none.
+    int moveUpCardToField();
 };
 
 }  // namespace corvanna

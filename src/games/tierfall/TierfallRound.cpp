@@ -178,9 +178,10 @@ void frmTierfall::EndGame() {
     ShowGoalBox(false);
 
     lblHighScore.setVisible(false);
-    Timer1.stop();
+    StopRoundTimers();
     Timer2.stop();
     g_.ElapsedSeconds = 0;
+    g_.ClockSeconds = 0;
     lblTime.setCaption("Time:");
     Surface.Cls();
     CardTotalVisible(false);
@@ -191,7 +192,7 @@ void frmTierfall::EndGame() {
     lblCurrentScore.setCaption(formatScore(g_.Score));
 
     g_.RoundNumber = 1;
-    board.GoalCount = 0;
+    board.payAllCombinations();
     if (lblCurrentRound)
         lblCurrentRound->setCaption("1");
     lblCurrentElevens.setCaption("0");
@@ -252,7 +253,7 @@ void frmTierfall::TakeScoreAtTimeOut() {
 void frmTierfall::TakeScore() {
     TierfallValues& t = values();
     g_.TakingScore = true;
-    Timer1.stop();
+    StopRoundTimers();
     setMousePointer(MousePointer::Hourglass);
     if (g_.MusicOn)
         StopMusic();
@@ -357,13 +358,18 @@ void frmTierfall::PayCombinationBonus() {
     p.step = bonus;
     p.steps = board.GoalCount;
     p.atOnce = static_cast<std::int64_t>(board.GoalCount) * bonus;
-    auto countDown = [this](std::int32_t to) {
-        board.GoalCount = to;
+    auto shown = [this] {
         lblCurrentElevens.setCaption(std::to_string(board.GoalCount));
         lblCurrentElevens.refresh();
     };
-    p.eachStep = [this, countDown] { countDown(board.GoalCount - 1); };
-    p.whole = [countDown] { countDown(0); };
+    p.eachStep = [this, shown] {
+        board.payOneCombination();
+        shown();
+    };
+    p.whole = [this, shown] {
+        board.payAllCombinations();
+        shown();
+    };
     Pay(p);
     lblCurrentElevens.setForeColor(colors::Blue);
 }
@@ -375,7 +381,7 @@ void frmTierfall::PayCardBonus() {
     p.steps = board.cardsLeft();
     p.atOnce = static_cast<std::int64_t>(board.cardsLeft()) * values().CardBonus;
     p.eachStep = [this] {
-        board.PlayPileTop = static_cast<std::int16_t>(board.PlayPileTop - 1);
+        board.payOnePileCard();
         RefreshPlayCard();
     };
     Pay(p);
@@ -398,7 +404,7 @@ void frmTierfall::PaySpeedBonus() {
     };
     p.whole = [this] {
         g_.ElapsedSeconds = g_.RoundSeconds;
-        DrawClock(0, *this);
+        EmptyClock(*this);
     };
     Pay(p);
 }
@@ -502,7 +508,7 @@ void frmTierfall::ShowGameOver() {
     mnuPause.setEnabled(false);
 
     g_.ElapsedSeconds = g_.RoundSeconds;
-    DrawClock(0, *this);
+    EmptyClock(*this);
 }
 
 }  // namespace corvanna

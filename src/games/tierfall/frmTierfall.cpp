@@ -152,7 +152,7 @@ bool frmTierfall::Deal(bool newGame) {
         lblTime.setCaption("Time: " + std::to_string(g_.RoundSeconds));
         // In the enhanced mode the clock waits for the first combination.
         if (!values().EnhancedScoring)
-            Timer1.start();
+            StartRoundTimers();
         g_.ElapsedSeconds = 0;
         g_.ClockSeconds = 0;
         if (newGame) {
@@ -240,35 +240,29 @@ void frmTierfall::UpCardPicture_Click() {
 }
 
 void frmTierfall::PlayCardPicture_Click() {
+    DrawUpCard(false);
+}
+
+void frmTierfall::DrawUpCard(bool quiet) {
     if (g_.TakingScore || endingRound())
         return;
-    // A draw made for the player after a combination used the last up card is silent.
-    const bool quiet = board.UpCardUsed;
     if (clicksRefused() || board.PlayPileTop < 0) {
         if (!quiet)
             PlayWaveFile("Chord.wav");
         return;
     }
     setMousePointer(MousePointer::Hourglass);
-    if (board.UpCount > 0)
-        MoveUpCardToFieldArea();
+    const TierfallBoard::Draw drawn = board.draw();
+    // The old up card went back onto the board: that move is charged.
+    if (drawn.movedToSlot >= 0) {
+        ChargeMove(drawn.movedToSlot);
+        lblCurrentScore.setCaption(formatScore(g_.Score));
+    }
     if (!quiet)
         PlayWaveFile("Markq.wav");
-    board.draw();
     PaintBoard();
-    setMousePointer(MousePointer::Default);
-}
-
-bool frmTierfall::MoveUpCardToFieldArea() {
-    const int slot = board.moveUpCardToField();
-    if (slot < 0)
-        return false;
-    FieldCardPicture[slot]->setPicture(prog_.pictures.picture(board.FieldCards[slot]));
-    FieldCardPicture[slot]->setVisible(face_ != BoardFace::Hidden);
-    ChargeMove(slot);
-    lblCurrentScore.setCaption(formatScore(g_.Score));
     UpdateUpCardTip();
-    return true;
+    setMousePointer(MousePointer::Default);
 }
 
 void frmTierfall::CheckTotal() {
@@ -293,9 +287,9 @@ void frmTierfall::CheckTotal() {
     // A cleared board ends the round; the next one comes with an up card of its own.
     if (CheckForCompletion())
         cmdTakeScore_Click();
-    else if (board.UpCardUsed && board.upCardEmpty())
-        PlayCardPicture_Click();
-    board.UpCardUsed = false;
+    else if (made.upCard && board.upCardEmpty())
+        DrawUpCard(true);  // the player's draw, made for them: no sound of its own
+    board.combinationSettled();
     UpdateUpCardTip();
 }
 
@@ -308,7 +302,7 @@ void frmTierfall::PayCombination(const TierfallBoard::Combination& combination) 
         points += TierfallCardValue(slot, enhanced);
     addToScore(g_.Score, points);
     if (enhanced)
-        Timer1.start();  // the enhanced clock runs from the first combination
+        StartRoundTimers();  // the enhanced clock runs from the first combination
 }
 
 void frmTierfall::ChargeMove(int slot) {
@@ -340,11 +334,9 @@ void frmTierfall::RefreshFieldCards() {
 }
 
 void frmTierfall::SelRectangle(bool visible) {
-    // Hiding the frames is what deselects; the total is cleared by whoever goes on.
-    if (!visible) {
-        board.selected.fill(false);
-        board.upCardSelected = false;
-    }
+    // Hiding the frames is what deselects.
+    if (!visible)
+        board.clearSelection();
     for (int s = 0; s < TierfallBoard::kSlots; ++s)
         FieldSelectionRectangle[s]->setVisible(visible);
     UpCardSelectionRectangle.setVisible(visible);

@@ -106,8 +106,9 @@ public:
     void FieldCardPicture_Click(int slot);
     void UpCardPicture_Click();
     void PlayCardPicture_Click();
+    // A draw from the pile; quiet when it is made for the player after a combination.
+    void DrawUpCard(bool quiet);
     void CheckTotal();
-    bool MoveUpCardToFieldArea();
     void FieldCardDisplay(bool visible = true);
     void SelRectangle(bool visible = true);
     void CardTotalVisible(bool visible);
