@@ -234,4 +234,41 @@ TEST(TierfallOptions, ScoringDialogChecksItsFieldsInOrderAndStaysOpenOnTheFirstB
     EXPECT_TRUE(t.fake.takeErrors().empty());
 }
 
+TEST(TierfallOptions, DefaultGivesTheDefaultsInEitherModeAndARaisedCardBonusIsCustom) {
+    TestProgram t;
+    frmTierfall& f = open(t);
+    auto& g = t.prog.state;
+    scoring(t, [&](frmTierfallCustomScoring& d) {
+        t.click(d.name(), "chkScoring");  // the standard mode, 1,500 a combination
+        t.click(d.name(), "cmdOK");
+    });
+    ASSERT_FALSE(g.Tierfall.EnhancedScoring);
+    // Default from the standard mode: the enhanced mode with its own 1,000.
+    scoring(t, [&](frmTierfallCustomScoring& d) {
+        EXPECT_EQ(d.txtElevensBonus.text(), "1500");
+        t.click(d.name(), "cmdDefault");
+        EXPECT_TRUE(d.chkScoring.checked());
+        EXPECT_EQ(d.txtElevensBonus.text(), "1000");
+        EXPECT_TRUE(d.txtCardBonus.enabled());
+        t.click(d.name(), "cmdOK");
+    });
+    EXPECT_TRUE(g.Tierfall.EnhancedScoring);
+    EXPECT_EQ(g.Tierfall.ElevensBonusES, 1000);
+    EXPECT_EQ(g.Tierfall.ElevensBonus, 1500);
+    EXPECT_FALSE(g.CustomScoring);
+    EXPECT_EQ(f.caption(), "Tierfall! - Enhanced Scoring");
+
+    // Only the card bonus raised: custom, and still so when the game is opened again.
+    scoring(t, [&](frmTierfallCustomScoring& d) {
+        d.txtCardBonus.setText("5000000");
+        t.click(d.name(), "cmdOK");
+    });
+    EXPECT_TRUE(g.CustomScoring);
+    leave(t);
+    open(t);
+    EXPECT_EQ(g.Tierfall.CardBonus, 5000000);
+    EXPECT_TRUE(g.CustomScoring);
+    EXPECT_TRUE(t.fake.takeErrors().empty());
+}
+
 }  // namespace corvanna
