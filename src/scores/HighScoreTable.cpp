@@ -57,29 +57,6 @@ bool parseScore(std::string_view text, std::int64_t& out) {
     return true;
 }
 
-int twoDigits(std::string_view s, std::size_t at) {
-    if (!isDigit(s[at]) || !isDigit(s[at + 1]))
-        return -1;
-    return (s[at] - '0') * 10 + (s[at + 1] - '0');
-}
-
-// "mmm dd yyyy hh:mm am": the only shape the table writes.
-bool validDate(std::string_view d) {
-    if (d.size() != 20 || d[3] != ' ' || d[6] != ' ' || d[11] != ' ' || d[14] != ':' ||
-        d[17] != ' ')
-        return false;
-    bool month = false;
-    for (const char* m : kMonths)
-        month = month || d.substr(0, 3) == m;
-    const int day = twoDigits(d, 4), hour = twoDigits(d, 12), minute = twoDigits(d, 15);
-    for (std::size_t i = 7; i < 11; ++i)
-        if (!isDigit(d[i]))
-            return false;
-    const std::string_view half = d.substr(18);
-    return month && day >= 1 && day <= 31 && hour >= 1 && hour <= 12 && minute >= 0 &&
-           minute <= 59 && (half == "am" || half == "pm");
-}
-
 // Reads one field from pos: leading blanks skipped, ended by a comma, a line end or the
 // end of the bytes. stop tells which ended it: ',', '\n' (any line end) or 0.
 std::string_view readField(std::string_view bytes, std::size_t& pos, char& stop) {
@@ -141,11 +118,15 @@ bool parseHighScoreRows(std::string_view bytes, std::vector<HighScoreRow>& rows,
                         std::string* error) {
     std::vector<HighScoreRow> out;
     std::size_t pos = 0;
-    for (int i = 0; i < HighScoreRowCount; ++i) {
+    // Nothing but blanks and line ends left: the table has ended, however many rows it has.
+    auto ended = [&] {
+        for (std::size_t i = pos; i < bytes.size(); ++i)
+            if (!isBlank(bytes[i]) && !isLineEnd(bytes[i]))
+                return false;
+        return true;
+    };
+    for (int i = 0; i < HighScoreRowCount && !ended(); ++i) {
         const std::string row = "row " + std::to_string(i + 1);
-        if (pos >= bytes.size())
-            return fail(error, "it ends after " + std::to_string(i) + " of its " +
-                                   std::to_string(HighScoreRowCount) + " rows");
         char stop = 0;
         const std::string_view name = readField(bytes, pos, stop);
         if (stop != ',')
@@ -154,6 +135,7 @@ bool parseHighScoreRows(std::string_view bytes, std::vector<HighScoreRow>& rows,
         if (stop != ',')
             return fail(error, row + " has no date");
         const std::string_view date = readField(bytes, pos, stop);
+        // A fourth field would be read as the next row's name, and its score with it.
         if (stop == ',')
             return fail(error, row + " has more than three fields");
         if (hasControl(name) || hasControl(score) || hasControl(date))
@@ -163,14 +145,12 @@ bool parseHighScoreRows(std::string_view bytes, std::vector<HighScoreRow>& rows,
         const std::string scoreText = trimRight(score);
         if (!parseScore(scoreText, r.score))
             return fail(error, row + " has a score that is not a number (\"" + scoreText + "\")");
+        // The date is only ever shown, as it was written.
         r.date = trimRight(date);
-        if (!validDate(r.date))
-            return fail(error, row +
-                                   " has a date that is not of the form \"mmm dd yyyy hh:mm "
-                                   "am\" (\"" +
-                                   r.date + "\")");
         out.push_back(std::move(r));
     }
+    if (out.empty())
+        return fail(error, "it holds no rows");
     rows = std::move(out);
     return true;
 }

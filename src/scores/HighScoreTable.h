@@ -70,8 +70,9 @@ const HighScoreTableInfo* highScoreTableFor(std::string_view appTitle);
 std::string formatHighScoreDate(const DateTime& t);
 
 // Parses table bytes: fields split at commas and line ends, blanks at the start of
-// a field skipped, one row a line of name, score and date. Reads the first ten rows
-// and ignores what follows. False with a reason when the bytes are not a table.
+// a field skipped, one row a line of name, score and date. Reads up to the first ten
+// rows and ignores what follows; a table may have fewer, and a date is any text. False
+// with a reason when a row's name or score cannot be read, or there is no row at all.
 bool parseHighScoreRows(std::string_view bytes, std::vector<HighScoreRow>& rows,
                         std::string* error);
 // Reads and parses the file at path (missing, unreadable, too large: false with a reason).

@@ -9,10 +9,9 @@ namespace corvanna {
 
 namespace {
 
-// The one message for a table that can't be used: which file, and what is wrong with it.
-void ReportTable(Program& prog, const std::string& path, const std::string& what) {
-    prog.msg("The high score table \"" + path + "\" could not be used: " + what + ".",
-             MsgButtons::OK, MsgIcon::None);
+// What is wrong with a table, and that it is kept, for the two messages below.
+std::string TableFault(const std::string& path, const std::string& why) {
+    return fileExists(path) ? why + ". The file has been left as it is." : why + ".";
 }
 
 bool SaveTable(Program& prog, const std::string& path, const std::string& text,
@@ -28,9 +27,20 @@ bool SaveTable(Program& prog, const std::string& path, const std::string& text,
         MsgIcon::None, userAsked);
 }
 
+// A table that can't be read is named once a session, however often it is shown.
 void ReportDamaged(Program& prog, const std::string& path, const std::string& why) {
-    // A missing table is not made here: the game that lost it says so and goes on.
-    ReportTable(prog, path, fileExists(path) ? why + ". The file has been left as it is" : why);
+    prog.tellFileFault(
+        path, "The high score table \"" + path + "\" could not be used: " + TableFault(path, why),
+        MsgIcon::None);
+}
+
+// At game over the player hears once that this score went nowhere, and why.
+void ReportNotRanked(Program& prog, const std::string& path, const std::string& why) {
+    prog.tellFileFault(path,
+                       "Your score of " + formatScore(prog.state.Score) +
+                           " could not be ranked in the high score table \"" + path +
+                           "\": " + TableFault(path, why),
+                       MsgIcon::None, true);
 }
 
 }  // namespace
@@ -68,6 +78,8 @@ bool ShowHighScoreLabel(Program& prog, const std::string& tableName, Control& lb
     std::string error;
     if (!table.read(&error)) {
         ReportDamaged(prog, table.path(), error);
+        // No score at all, rather than one left there by another table.
+        lblHighScore.setCaption(prefix);
         return false;
     }
     lblHighScore.setCaption(prefix + formatScore(table.rows().front().score));
@@ -91,7 +103,7 @@ bool UpdateHighScoreTable(Program& prog, const std::string& tableName,
     if (!table.read(&error)) {
         // One that could not even be made has been told about already.
         if (!(prog.fileFaultTold(table.path()) && !table.exists()))
-            ReportDamaged(prog, table.path(), error);
+            ReportNotRanked(prog, table.path(), error);
         return false;
     }
     const int row = HighScoreTable::rankOf(table.rows(), g.Score);

@@ -491,6 +491,32 @@ TEST(Frame, ClicksHeldDuringTheEndOfARoundDoNotPauseOrEndTheNextOne) {
     EXPECT_EQ(g.ElapsedSeconds, 1);
 }
 
+TEST(Frame, TheCloseBoxAndPlayHeldThroughTheGameOverWaitAreTakenAfterIt) {
+    for (const char* formName : {"frmSpirefold", "frmTierfall"}) {
+        SCOPED_TRACE(formName);
+        TestProgram t;
+        GameFrame& f = t.openGame(formName);
+        auto& g = t.prog.state;
+        g.BonusRoundScore = 999999;
+        f.lblMessage.subscribe([&](Control& c, Prop p) {
+            if (p != Prop::Caption || c.caption() != "Game Over")
+                return;
+            t.fake.post([&] { t.fake.onCloseRequest(f); });
+            t.fake.post([&] { userClick(f.cmdPlay); });
+        });
+        t.click(formName, "cmdPlay");
+        t.click(formName, "cmdTakeScore");
+        t.fake.queueAnswer(MsgResult::No);  // the close box's question: stay
+        t.click(formName, "cmdTakeScore");  // round two: game over
+        EXPECT_EQ(t.fake.messages(), std::vector<std::string>{"Giving up so soon?"});
+        EXPECT_NE(t.prog.findForm(formName), nullptr);
+        EXPECT_TRUE(g.GameInProgress);  // and Play started the next game
+        EXPECT_EQ(g.RoundNumber, 1);
+        EXPECT_FALSE(f.frmSplash.visible());
+        EXPECT_TRUE(t.fake.takeErrors().empty());
+    }
+}
+
 TEST(Frame, EndGameQuestionAndUnloadQuestions) {
     TestProgram t;
     GameFrame& f = t.openGame("frmTierfall");

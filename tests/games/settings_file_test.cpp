@@ -105,9 +105,11 @@ TEST(SettingsFile, HandEditedValuesFollowTheReadingRules) {
     EXPECT_TRUE(g.MusicOn);
     EXPECT_EQ(g.BonusRoundScore, 40000);  // text keeps the default
     EXPECT_EQ(g.TimeBonus, 300);
-    // "5" is no design: the back keeps what the defaults chose.
+    // "5" is no design: the back stays the one on show, Hot Cards from the game before.
     EXPECT_EQ(g.DeckBack, 1);
-    EXPECT_EQ(t.prog.pictures.picture("BACK"), "palm-back");
+    EXPECT_EQ(t.prog.pictures.picture("BACK"), "hot-back");
+    EXPECT_TRUE(f.mnuHot->checked());
+    EXPECT_FALSE(f.mnuPalm->checked());
     EXPECT_TRUE(t.fake.messages().empty());  // a bad value is no reason for a message
 
     // An empty file leaves every default in force and is replaced by a full one on leaving.

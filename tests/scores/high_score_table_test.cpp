@@ -276,9 +276,9 @@ TEST(HighScoreDamage, ADamagedTableIsReportedAndKeptByteForByte) {
         "\x7f"
         "ELF\x02\x01\x01";
     binary += std::string("\0\0\0,\x03\0>\0\r\n", 11);
+    const std::string fiveRows = good.substr(0, 5 * row("P1", 100000).size() - 5);
     const std::vector<Case> cases = {
-        {"short file", good.substr(0, good.size() / 2), "ends after 5 of its 10 rows"},
-        {"cut row", good.substr(0, good.size() - 12), "row 10 has a date"},
+        {"cut in a name", fiveRows + "\r\nP6", "row 6 has no score"},
         {"non-numeric score",
          row("A", 90000) + "B, 8O000, Nov 05 2001 09:07 pm\r\n" +
              good.substr(2 * row("A", 90000).size()),
@@ -286,7 +286,7 @@ TEST(HighScoreDamage, ADamagedTableIsReportedAndKeptByteForByte) {
         {"binary junk", binary, "row 1"},
         {"over 1 MiB", good + std::string(1 << 20, 'x'),
          "it is larger than 1 MiB (" + std::to_string(good.size() + (1 << 20)) + " bytes)"},
-        {"empty", "", "ends after 0 of its 10 rows"},
+        {"empty", "", "it holds no rows"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -301,22 +301,29 @@ TEST(HighScoreDamage, ADamagedTableIsReportedAndKeptByteForByte) {
         EXPECT_EQ(readRaw(tb.path), c.bytes);
         ASSERT_EQ(tb.t.fake.messages().size(), 1u);
         const std::string msg = tb.t.fake.messages()[0];
-        EXPECT_NE(msg.find(tb.path), std::string::npos) << msg;
+        EXPECT_EQ(msg.rfind("Your score of 999,999 could not be ranked in the high score table \"" +
+                                tb.path + "\": ",
+                            0),
+                  0u)
+            << msg;
         EXPECT_NE(msg.find(c.reason), std::string::npos) << msg;
         EXPECT_NE(msg.find("left as it is"), std::string::npos) << msg;
 
-        // The label reports it too and never seeds over it.
+        // The label, told already, says nothing more, never seeds over it, and shows no
+        // score that another table left on it.
         Form board(tb.t.fake, "frmBoard");
         Control& label = board.add<Control>(ControlKind::Label, "lblHighScore", -1, nullptr);
         label.setCaption("High Score: 1");
-        const std::string before = label.caption();
         EXPECT_FALSE(ShowHighScoreLabel(tb.t.prog, kFivestack, label, "High Score: ", 50000));
-        EXPECT_EQ(label.caption(), before);
+        EXPECT_EQ(label.caption(), "High Score: ");
         EXPECT_EQ(readRaw(tb.path), c.bytes);
-        EXPECT_EQ(tb.t.fake.messages().size(), 2u);
+        EXPECT_EQ(tb.t.fake.messages().size(), 1u);
         const auto log = tb.t.fake.takeLog();
         EXPECT_NE(log.back().find("| none |"), std::string::npos) << log.back();
         EXPECT_NE(log.back().find("msgbox Fivestack! |"), std::string::npos) << log.back();
+        // The next game over says it again, once.
+        EXPECT_FALSE(tb.rank(999999, "Lost"));
+        EXPECT_EQ(tb.t.fake.messages().size(), 2u);
     }
 }
 
@@ -331,7 +338,8 @@ TEST(HighScoreDamage, ATableRemovedDuringAGameIsNotCreatedByTheRanking) {
     EXPECT_EQ(tb.namesAsked, 0);
     ASSERT_EQ(tb.t.fake.messages().size(), 1u);
     EXPECT_EQ(tb.t.fake.messages()[0],
-              "The high score table \"" + tb.path + "\" could not be used: it does not exist.");
+              "Your score of 60,000 could not be ranked in the high score table \"" + tb.path +
+                  "\": it does not exist.");
     // The label that follows the game over makes a fresh one.
     ASSERT_TRUE(ShowHighScoreLabel(tb.t.prog, kFivestack, five, 50000));
     EXPECT_EQ(readRaw(tb.path), repeat(kSeedRow, 10));
@@ -388,11 +396,65 @@ TEST(HighScoreReader, ReadsByFieldsWithBlanksSkippedAndStopsAtTenRows) {
     std::string error;
     EXPECT_FALSE(parseHighScoreRows("A, 1, Jan 02 2003 01:04 pm, extra\r\n", rows, &error));
     EXPECT_EQ(error, "row 1 has more than three fields");
-    EXPECT_FALSE(parseHighScoreRows("A, 1, Foo 02 2003 01:04 pm\r\n", rows, &error));
-    EXPECT_NE(error.find("row 1 has a date"), std::string::npos);
     EXPECT_FALSE(
         parseHighScoreRows("A, 99999999999999999999, Jan 02 2003 01:04 pm\r\n", rows, &error));
     EXPECT_NE(error.find("not a number"), std::string::npos);
+}
+
+TEST(HighScoreReader, AnyDateAndAShortTableAreReadAsTheyStandAndRankAmongTheirRows) {
+    // A date written by hand is text; three rows are a table of three.
+    const std::string three = row("Ann", 90000, "Mar 03 2001 9:15 pm") + row("Bob", 70000, "") +
+                              row("Cy", 50000, "sometime") + "\r\n";
+    Table tb;
+    writeRaw(tb.path, three);
+    Form board(tb.t.fake, "frmBoard");
+    Control& label = board.add<Control>(ControlKind::Label, "lblHighScore", -1, nullptr);
+    EXPECT_TRUE(ShowHighScoreLabel(tb.t.prog, kFivestack, label, "High Score: ", 50000));
+    EXPECT_EQ(label.caption(), "High Score: 90,000");
+    EXPECT_EQ(readRaw(tb.path), three);
+
+    EXPECT_TRUE(tb.rank(40000));  // below every row: not entered, the three rewritten
+    EXPECT_EQ(tb.namesAsked, 0);
+    EXPECT_EQ(readRaw(tb.path), three.substr(0, three.size() - 2));
+    EXPECT_TRUE(tb.rank(80000, "Di"));  // between Ann and Bob
+    EXPECT_EQ(tb.t.prog.state.NewHighScoreRow, 1);
+    EXPECT_EQ(readRaw(tb.path), row("Ann", 90000, "Mar 03 2001 9:15 pm") + row("Di", 80000, kNow) +
+                                    row("Bob", 70000, "") + row("Cy", 50000, "sometime"));
+    EXPECT_TRUE(tb.t.fake.messages().empty());
+}
+
+TEST(HighScoreDamage, OnlyTheSelectedTableIsReadAtLoadAndADamagedOneIsNamedOnce) {
+    TestProgram t;
+    auto& g = t.prog.state;
+    // The default time limit's table is damaged; the settings choose 30 seconds.
+    writeRaw(t.prog.filePath("Spirefold Hi Score Table 45.Txt"), "junk");
+    writeRaw(t.prog.filePath("Spirefold.Ini"), "[Time]\r\n30\r\n\r\n");
+    GameFrame& f = t.openGame("frmSpirefold");
+    EXPECT_TRUE(t.fake.messages().empty());
+    EXPECT_EQ(f.lblHighScore.caption(), "Current High Score: 30,000");
+    EXPECT_EQ(readRaw(t.prog.filePath("Spirefold Hi Score Table 45.Txt")), "junk");
+
+    // Chosen from the menu, it is named once, whatever shows it again; its label has no score.
+    t.fake.queueAnswer(MsgResult::OK);
+    t.click("frmSpirefold", "mnu45");
+    t.click("frmSpirefold", "mnu30");
+    t.click("frmSpirefold", "mnu45");
+    ASSERT_EQ(t.fake.messages().size(), 1u);
+    EXPECT_NE(t.fake.messages()[0].find("Spirefold Hi Score Table 45.Txt"), std::string::npos);
+    EXPECT_EQ(f.lblHighScore.caption(), "Current High Score: ");
+
+    // At game over the score is said to have gone nowhere, once.
+    t.click("frmSpirefold", "cmdPlay");
+    g.Score = 99999;
+    g.BonusRoundScore = 999999;
+    t.fake.queueAnswer(MsgResult::OK);
+    t.fake.advance(2 * 45000 + 21 * 250 + 10 * 250 + 2000);
+    ASSERT_FALSE(g.GameInProgress);
+    ASSERT_EQ(t.fake.messages().size(), 2u);
+    EXPECT_EQ(t.fake.messages()[1].rfind("Your score of 99,999 could not be ranked", 0), 0u);
+    EXPECT_EQ(readRaw(t.prog.filePath("Spirefold Hi Score Table 45.Txt")), "junk");
+    EXPECT_EQ(f.lblHighScore.caption(), "Current High Score: ");
+    EXPECT_TRUE(t.fake.takeErrors().empty());
 }
 
 }  // namespace corvanna

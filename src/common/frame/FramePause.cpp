@@ -59,7 +59,7 @@ void GameFrame::RunPausingDialog(const std::function<void()>& dialog) {
 
 void GameFrame::Form_Unload(bool& cancel) {
     // The close box held during the end of a round: the round goes on being dealt.
-    if (endingRound_) {
+    if (endingRound()) {
         cancel = true;
         return;
     }

@@ -239,7 +239,7 @@ void GameFrame::RankFinalScore() {
 }
 
 void GameFrame::ShowHighScore() {
-    if (prog_.dialogs.showHighScoreLabel)
+    if (!loading_ && prog_.dialogs.showHighScoreLabel)
         prog_.dialogs.showHighScoreLabel(*this);
 }
 

@@ -64,6 +64,17 @@ void GameFrame::ClearDeckCheck() {
             m->setChecked(false);
 }
 
+void GameFrame::CheckDesignOnShow() {
+    if (!mnuDeck)
+        return;
+    const int slot = prog_.pictures.slotOf("BACK");  // 2, 5, 8 or 11
+    ClearDeckCheck();
+    if (slot >= 2 && slot <= 11) {
+        Menu* byDesign[] = {mnuPalm, mnuMagic, mnuNight, mnuHot};
+        byDesign[(slot + 1) / 3 - 1]->setChecked(true);
+    }
+}
+
 void GameFrame::SelectDeckBack(int deckBack) {
     if (!mnuDeck || deckBack < 1 || deckBack > 4)
         return;

@@ -160,7 +160,7 @@ void GameFrame::buildMenus() {
 void GameFrame::wireHandlers() {
     auto unlessEndingRound = [this](void (GameFrame::*handler)()) {
         return [this, handler] {
-            if (!endingRound_)
+            if (!endingRound())
                 (this->*handler)();
         };
     };
@@ -173,7 +173,7 @@ void GameFrame::wireHandlers() {
     if (mnuTakeScore)
         mnuTakeScore->Click = unlessEndingRound(&GameFrame::mnuTakeScore_Click);
     auto leave = [this] {
-        if (!endingRound_)
+        if (!endingRound())
             prog_.requestUnload(*this);
     };
     cmdExit.Click = leave;
@@ -189,7 +189,8 @@ void GameFrame::wireHandlers() {
         // starts it, and after the last round nothing does.
         if (!g_.MusicOn && g_.GameInProgress)
             StopMusic();
-        else if (g_.MusicOn && g_.GameInProgress && !isPaused() && !g_.TakingScore && !endingRound_)
+        else if (g_.MusicOn && g_.GameInProgress && !isPaused() && !g_.TakingScore &&
+                 !endingRound())
             StartMusic();
     };
     mnuSounds.Click = [this] {
@@ -228,9 +229,11 @@ void GameFrame::Form_Load() {
     g_.BonusRoundScore = info_.defaultBonusRoundScore;
     g_.CustomScoring = false;
     SetGameDefaults();
+    // The table the settings select is shown once they are read, and no other is touched.
+    loading_ = true;
     SetTimeLimit(info_.defaultSeconds);
-    if (g_.DeckBack >= 1 && g_.DeckBack <= 4 && mnuDeck)
-        SelectDeckBack(g_.DeckBack);
+    // The design on show stays until [Deck] names another: the last game's, if need be.
+    CheckDesignOnShow();
     mnuSounds.setChecked(g_.SoundsOn);
     mnuMusic.setChecked(g_.MusicOn);
 
@@ -248,6 +251,7 @@ void GameFrame::Form_Load() {
     SettingsApplied();
     g_.GamesPlayedCount = CountGamePlayed(prog_, g_.AppTitle);
     g_.FormLoadTime = prog_.platform.now();
+    loading_ = false;
     ShowHighScore();
 
     lblProductName.setCaption(g_.AppTitle);

@@ -109,6 +109,8 @@ public:
     // DeckBack by the game's own numbering, as the menus and [Deck] set it.
     void SelectDeckBack(int deckBack);
     void ClearDeckCheck();
+    // The Deck menu's check on the design the picture store shows now.
+    void CheckDesignOnShow();
     // Runs a modal dialog, pausing the round round it as the game does.
     void RunPausingDialog(const std::function<void()>& dialog);
     // The way back: the unload question, and on Yes the selector.
@@ -203,7 +205,8 @@ protected:
     // Runs the game's TakeScore with held clicks kept out until the next round is dealt.
     void RunEndOfRound();
     // True while a round is being ended and the next dealt: held clicks find nothing to do.
-    bool endingRound() const { return endingRound_; }
+    // Once the game is over there is no round to protect, and they are taken as they come.
+    bool endingRound() const { return endingRound_ && g_.GameInProgress; }
     // Goes back to the selector without the question, as after a failure to play.
     void UnloadWithoutQuestion();
     // A game's own key held a value it can't take: the file is kept aside before rewriting.
@@ -233,6 +236,8 @@ private:
     bool splashUp_ = true;
     bool splashFaces_ = false;
     bool minimised_ = false;
+    // Form_Load is applying defaults and settings: lblHighScore waits for the last of them.
+    bool loading_ = false;
 };
 
 }  // namespace corvanna
