@@ -5,10 +5,17 @@
 # the folder is exactly as it was.
 #   readonly_folder_test.sh CORVANNA-DRIVE
 set -euo pipefail
-drive="$1"
 work=$(mktemp -d)
 trap 'chmod -R u+w "$work"; rm -rf "$work"' EXIT
 chmod 755 "$work"
+# The build may sit where the player cannot reach it (a checkout in root's 0700 home), so
+# the driver runs from a copy here, with the assets folder the program looks for beside
+# its executable; the player also starts in this folder, not in one it cannot enter.
+mkdir "$work/bin"
+cp "$1" "$work/bin/corvanna-drive"
+if [ -d "$(dirname "$1")/assets" ]; then cp -R "$(dirname "$1")/assets" "$work/bin/"; fi
+drive="$work/bin/corvanna-drive"
+cd "$work"
 failures=0
 
 as_player() {
