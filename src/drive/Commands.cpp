@@ -49,6 +49,17 @@ const std::vector<Driver::Command>& Driver::commands() {
         {"enter", "enter FORM.CONTROL", "press Enter in a text box", &Driver::cmdEnter},
         {"type", "type FORM.CONTROL TEXT", "set a text box's text (the rest of the line)",
          &Driver::cmdType},
+        {"key", "key FORM Enter|Escape|Tab|Shift+Tab",
+         "press a key in the form: Enter presses the focused\n"
+         "button, a text box's own Enter or the default\n"
+         "button; Escape the cancel button; Tab moves the\n"
+         "focus (get FORM.ActiveControl)",
+         &Driver::cmdKey},
+        {"keys", "keys FORM TEXT",
+         "type TEXT (the rest of the line) into the focused\n"
+         "text box: it replaces the selected part\n"
+         "(get FORM.CONTROL.SelText)",
+         &Driver::cmdKeys},
         {"select", "select FORM.CONTROL INDEX",
          "combo/list box: choose item INDEX (from 0);\n"
          "option button array: click member INDEX;\n"
@@ -164,6 +175,38 @@ void Driver::cmdType(const std::string& args) {
     if (box->locked())
         return error(box->form().name() + "." + box->fullName() + " is locked");
     box->setText(text);
+}
+
+void Driver::cmdKey(const std::string& args) {
+    const auto w = words(args);
+    Key key;
+    if (w.size() != 2)
+        return error("usage: key FORM Enter|Escape|Tab|Shift+Tab");
+    if (!parseKey(w[1], key))
+        return error("key takes Enter, Escape, Tab or Shift+Tab, not '" + shown(w[1]) + "'");
+    Form* form = findForm(w[0]);
+    if (!form)
+        return;
+    std::string why;
+    if (!userKey(*form, key, &why))
+        error(why);
+}
+
+void Driver::cmdKeys(const std::string& args) {
+    const auto blank = args.find_first_of(" \t");
+    const std::string name = args.substr(0, blank);
+    const std::string text = blank == std::string::npos ? std::string() : args.substr(blank + 1);
+    if (name.empty() || text.empty())
+        return error("usage: keys FORM TEXT");
+    Form* form = findForm(name);
+    if (!form)
+        return;
+    auto* box = dynamic_cast<TextBox*>(form->activeControl());
+    if (!box)
+        return error(form->name() + " has no text box with the focus");
+    std::string why;
+    if (!userType(*box, text, &why))
+        error(why);
 }
 
 void Driver::cmdSelect(const std::string& args) {

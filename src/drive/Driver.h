@@ -67,6 +67,8 @@ private:
     void cmdDblClick(const std::string& args);
     void cmdEnter(const std::string& args);
     void cmdType(const std::string& args);
+    void cmdKey(const std::string& args);
+    void cmdKeys(const std::string& args);
     void cmdSelect(const std::string& args);
     void cmdAdvance(const std::string& args);
     void cmdAnswer(const std::string& args);

@@ -188,11 +188,9 @@ void Control::sendToBack() {
 
 void Control::setFocus() {
     form_->activeControl_ = this;
-    if (kind() == ControlKind::TextBox) {
-        auto& box = static_cast<TextBox&>(*this);
-        box.selStart = 0;
-        box.selLength = static_cast<int>(box.text().size());
-    }
+    // A text box selects its whole text as it takes the focus, and the view is told.
+    if (auto* box = dynamic_cast<TextBox*>(this))
+        box->selectAll();
     notify(Prop::Focus);
 }
 

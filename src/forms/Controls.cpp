@@ -176,9 +176,25 @@ void TextBox::setText(const std::string& t) {
     if (v == text_)
         return;
     text_ = v;
+    // A selection past the end of a shorter text ends with it. Part of the text's change,
+    // not a selection of its own: a view reads it with the text.
+    const int size = static_cast<int>(text_.size());
+    selStart = std::min(selStart, size);
+    selLength = std::min(selLength, size - selStart);
     notify(Prop::Text);
     if (Change)
         Change();
+}
+
+void TextBox::select(int start, int length) {
+    const int size = static_cast<int>(text_.size());
+    start = std::clamp(start, 0, size);
+    length = std::clamp(length, 0, size - start);
+    if (start == selStart && length == selLength)
+        return;
+    selStart = start;
+    selLength = length;
+    notify(Prop::Selection);
 }
 
 void TextBox::setLocked(bool v) {
@@ -193,6 +209,14 @@ std::string TextBox::property(const std::string& p) const {
         return text_;
     if (p == "Locked")
         return locked_ ? "True" : "False";
+    // Not in a dump: what the user selects is no part of a form's state worth comparing.
+    if (p == "SelStart")
+        return std::to_string(selStart);
+    if (p == "SelLength")
+        return std::to_string(selLength);
+    if (p == "SelText")
+        return text_.substr(static_cast<std::size_t>(selStart),
+                            static_cast<std::size_t>(selLength));
     return Control::property(p);
 }
 

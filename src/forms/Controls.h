@@ -98,7 +98,11 @@ public:
     // Several lines, with Enter starting a new one; chosen before the form is first shown.
     bool multiLine() const { return multiLine_; }
     void setMultiLine(bool v) { multiLine_ = v; }
+    // The selected part, in bytes of the text; with no length it is where the caret
+    // stands. Read here, changed only through select(), which the view follows.
     int selStart = 0, selLength = 0;
+    void select(int start, int length);
+    void selectAll() { select(0, static_cast<int>(text_.size())); }
 
     std::string property(const std::string& prop) const override;
     bool setProperty(const std::string& prop, const std::string& value) override;

@@ -167,6 +167,9 @@ std::string Form::property(const std::string& p) const {
         return formatBool(enabled_);
     if (p == "MousePointer")
         return pointer_ == MousePointer::Hourglass ? "Hourglass" : "Default";
+    // The control with the focus, empty for none; not in a dump, as the window moves it.
+    if (p == "ActiveControl")
+        return activeControl_ ? activeControl_->fullName() : std::string();
     return "\x01";
 }
 

@@ -9,6 +9,8 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStatusBar>
+#include <QTextCursor>
+#include <algorithm>
 #include <cmath>
 #include <functional>
 
@@ -38,9 +40,10 @@ ControlPeer::~ControlPeer() {
 void ControlPeer::build(QWidget* parent) {
     widget_ = create(parent);
     sub_ = model_->subscribe([this](Control&, Prop p) { onChanged(p); });
-    for (Prop p : {Prop::Font, Prop::ForeColor, Prop::BackColor, Prop::Caption, Prop::Text,
-                   Prop::Items, Prop::Checked, Prop::Picture, Prop::Panels, Prop::Style,
-                   Prop::Drawing, Prop::ToolTip, Prop::Enabled, Prop::Geometry, Prop::Visible})
+    for (Prop p :
+         {Prop::Font, Prop::ForeColor, Prop::BackColor, Prop::Caption, Prop::Text, Prop::Selection,
+          Prop::Items, Prop::Checked, Prop::Picture, Prop::Panels, Prop::Style, Prop::Drawing,
+          Prop::ToolTip, Prop::Enabled, Prop::Geometry, Prop::Visible})
         apply(p);
     applyCursor();
 }
@@ -68,17 +71,31 @@ void ControlPeer::apply(Prop p) {
     QWidget* w = widget_;
     switch (p) {
         case Prop::Geometry: applyGeometry(); break;
-        case Prop::Visible: w->setVisible(model_->visible()); break;
-        case Prop::Enabled: w->setEnabled(model_->enabled()); break;
+        case Prop::Visible:
+            w->setVisible(model_->visible());
+            regainFocus();
+            break;
+        case Prop::Enabled:
+            w->setEnabled(model_->enabled());
+            regainFocus();
+            break;
         case Prop::ToolTip: w->setToolTip(qs(model_->toolTipText())); break;
         case Prop::Font: applyFont(); break;
         case Prop::Style: applyCursor(); break;
         case Prop::ZOrder: window_->restack(model_->container()); break;
         // Repaint now, not later: the caller may be about to keep the thread busy.
         case Prop::Drawing: w->repaint(); break;
-        case Prop::Focus: w->setFocus(Qt::OtherFocusReason); break;
+        case Prop::Focus:
+            if (!w->hasFocus())
+                w->setFocus(Qt::OtherFocusReason);
+            break;
         default: break;
     }
+}
+
+void ControlPeer::regainFocus() {
+    if (widget_->isVisible() && widget_->isEnabled())
+        window_->refocus();
 }
 
 void ControlPeer::applyGeometry() {
@@ -241,113 +258,188 @@ protected:
     }
 };
 
-// What a one-line and a many-line text box show alike: locked, focus, colours.
-template <class W>
-bool applyEditing(W* w, const TextBox& box, Prop p) {
-    switch (p) {
-        case Prop::Style: w->setReadOnly(box.locked()); return true;
-        case Prop::Focus:
-            w->setFocus(Qt::OtherFocusReason);
-            w->selectAll();
-            return true;
-        case Prop::ForeColor:
-        case Prop::BackColor: {
-            QPalette pal = w->palette();
-            pal.setColor(QPalette::Base, toQColor(box.backColor()));
-            pal.setColor(QPalette::Active, QPalette::Text, toQColor(box.foreColor()));
-            pal.setColor(QPalette::Inactive, QPalette::Text, toQColor(box.foreColor()));
-            w->setPalette(pal);
-            return true;
-        }
-        default: return false;
-    }
+// The model counts its selection in bytes of UTF-8, the widgets in UTF-16 units.
+int widgetPos(const std::string& text, int bytes) {
+    const auto n =
+        std::clamp<std::size_t>(static_cast<std::size_t>(std::max(0, bytes)), 0, text.size());
+    return static_cast<int>(QString::fromUtf8(text.data(), static_cast<qsizetype>(n)).size());
+}
+int modelPos(const QString& text, int units) {
+    return static_cast<int>(text.left(units).toUtf8().size());
 }
 
-class TextPeer : public ControlPeer {
+// What a one-line and a many-line text box share: the text and the selection go both
+// ways, and the two kinds below fill in their widget's side. The user's edit goes to the
+// model first and the widget's caret after it; a handler that selects meanwhile (a
+// refused score selected again) has the last word.
+template <class Widget>
+class TextPeerBase : public ControlPeer {
 public:
     using ControlPeer::ControlPeer;
 
 protected:
-    QWidget* create(QWidget* parent) override {
-        auto* w = new QLineEdit(parent);
-        QObject::connect(w, &QLineEdit::textEdited, w, [this](const QString& t) {
-            if (!model_)
-                return;
-            auto& box = static_cast<TextBox&>(*model_);
-            box.setText(t.toStdString());
-            // The model may have cut it to its MaxLength; show what it kept.
-            if (model_ && widget_)
-                sync();
-        });
-        QObject::connect(w, &QLineEdit::returnPressed, w, [this] {
-            if (model_)
-                userKeyEnter(*model_);
-        });
-        return w;
-    }
+    TextBox& box() const { return static_cast<TextBox&>(*model_); }
+    Widget* edit() const { return static_cast<Widget*>(widget_.data()); }
     Qt::CursorShape defaultCursor() const override { return Qt::IBeamCursor; }
     bool hasOwnCursor() const override { return true; }
+
+    virtual QString widgetText() const = 0;
+    virtual void setWidgetText(const QString& t) = 0;
+    // Start and length in the widget's units; length 0 is the caret.
+    virtual void widgetSelection(int& start, int& length) const = 0;
+    virtual void setWidgetSelection(int start, int length) = 0;
+
+    // The text typed: to the model, then where the caret stands.
+    void userEdited() {
+        if (!model_ || quiet_)
+            return;
+        forwarding_ = true;
+        selectionTold_ = false;
+        box().setText(widgetText().toStdString());
+        forwarding_ = false;
+        if (!model_ || !widget_)
+            return;
+        if (qs(box().text()) != widgetText())
+            sync();  // the model cut it to its MaxLength, or a handler put another text
+        if (selectionTold_)
+            showSelection();
+        else
+            takeSelection();
+    }
+    // The user moved the caret or selected: the model follows.
+    void takeSelection() {
+        if (!model_ || !widget_ || quiet_ || forwarding_)
+            return;
+        const QString t = widgetText();
+        if (qs(box().text()) != t)
+            return;  // the text is on its way: its caret comes after it
+        int start = 0, length = 0;
+        widgetSelection(start, length);
+        const int from = modelPos(t, start);
+        box().select(from, modelPos(t, start + length) - from);
+    }
+    void showSelection() {
+        if (forwarding_)
+            return;
+        const std::string& text = box().text();
+        const int start = widgetPos(text, box().selStart);
+        const int length = widgetPos(text, box().selStart + box().selLength) - start;
+        int shownStart = 0, shownLength = 0;
+        widgetSelection(shownStart, shownLength);
+        if (shownStart == start && shownLength == length)
+            return;
+        quiet_ = true;
+        setWidgetSelection(start, length);
+        quiet_ = false;
+    }
     void sync() {
-        auto* w = static_cast<QLineEdit*>(widget_.data());
-        const auto& box = static_cast<TextBox&>(*model_);
-        w->setMaxLength(box.maxLength() > 0 ? box.maxLength() : 32767);
-        const QString t = qs(box.text());
-        if (w->text() != t)
-            w->setText(t);
+        const QString t = qs(box().text());
+        if (widgetText() != t) {
+            quiet_ = true;
+            setWidgetText(t);
+            quiet_ = false;
+        }
+        showSelection();
     }
     void apply(Prop p) override {
-        auto* w = static_cast<QLineEdit*>(widget_.data());
+        Widget* w = edit();
         switch (p) {
             case Prop::Text: sync(); break;
-            default:
-                if (!applyEditing(w, static_cast<TextBox&>(*model_), p))
-                    ControlPeer::apply(p);
+            case Prop::Selection:
+                selectionTold_ = selectionTold_ || forwarding_;
+                showSelection();
+                break;
+            case Prop::Style: w->setReadOnly(box().locked()); break;
+            case Prop::Focus:
+                // The model has selected what the focus selects.
+                if (!w->hasFocus())
+                    w->setFocus(Qt::OtherFocusReason);
+                selectionTold_ = selectionTold_ || forwarding_;
+                showSelection();
+                break;
+            case Prop::ForeColor:
+            case Prop::BackColor: {
+                QPalette pal = w->palette();
+                pal.setColor(QPalette::Base, toQColor(box().backColor()));
+                pal.setColor(QPalette::Active, QPalette::Text, toQColor(box().foreColor()));
+                pal.setColor(QPalette::Inactive, QPalette::Text, toQColor(box().foreColor()));
+                w->setPalette(pal);
+                break;
+            }
+            default: ControlPeer::apply(p);
         }
+    }
+
+private:
+    bool quiet_ = false;       // the peer itself is changing the widget
+    bool forwarding_ = false;  // the model is taking the user's edit
+    bool selectionTold_ = false;
+};
+
+// Enter and Escape come to the window, which asks the model (FormWindow::keyPressEvent).
+class TextPeer : public TextPeerBase<QLineEdit> {
+public:
+    using TextPeerBase::TextPeerBase;
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        auto* w = new ModelLineEdit(parent);
+        QObject::connect(w, &QLineEdit::textEdited, w, [this] { userEdited(); });
+        QObject::connect(w, &QLineEdit::selectionChanged, w, [this] { takeSelection(); });
+        QObject::connect(w, &QLineEdit::cursorPositionChanged, w, [this] { takeSelection(); });
+        return w;
+    }
+    QString widgetText() const override { return edit()->text(); }
+    void setWidgetText(const QString& t) override { edit()->setText(t); }
+    void widgetSelection(int& start, int& length) const override {
+        if (edit()->hasSelectedText()) {
+            start = edit()->selectionStart();
+            length = edit()->selectionLength();
+        } else {
+            start = edit()->cursorPosition();
+            length = 0;
+        }
+    }
+    void setWidgetSelection(int start, int length) override {
+        if (length > 0)
+            edit()->setSelection(start, length);
+        else
+            edit()->setCursorPosition(start);
+    }
+    void apply(Prop p) override {
+        if (p == Prop::Text)
+            edit()->setMaxLength(box().maxLength() > 0 ? box().maxLength() : 32767);
+        TextPeerBase::apply(p);
     }
 };
 
 // A text box of several lines. The model's text has "\n" line ends, as the widget's.
-class MultiLineTextPeer : public ControlPeer {
+class MultiLineTextPeer : public TextPeerBase<QPlainTextEdit> {
 public:
-    using ControlPeer::ControlPeer;
+    using TextPeerBase::TextPeerBase;
 
 protected:
     QWidget* create(QWidget* parent) override {
         auto* w = new QPlainTextEdit(parent);
         w->setTabChangesFocus(true);
-        QObject::connect(w, &QPlainTextEdit::textChanged, w, [this, w] {
-            if (!model_ || syncing_)
-                return;
-            auto& box = static_cast<TextBox&>(*model_);
-            box.setText(w->toPlainText().toStdString());
-            if (model_ && widget_ && qs(box.text()) != w->toPlainText())
-                sync();  // the model cut it to its MaxLength
-        });
+        QObject::connect(w, &QPlainTextEdit::textChanged, w, [this] { userEdited(); });
+        QObject::connect(w, &QPlainTextEdit::selectionChanged, w, [this] { takeSelection(); });
+        QObject::connect(w, &QPlainTextEdit::cursorPositionChanged, w, [this] { takeSelection(); });
         return w;
     }
-    Qt::CursorShape defaultCursor() const override { return Qt::IBeamCursor; }
-    bool hasOwnCursor() const override { return true; }
-    void sync() {
-        auto* w = static_cast<QPlainTextEdit*>(widget_.data());
-        const QString t = qs(static_cast<TextBox&>(*model_).text());
-        if (w->toPlainText() == t)
-            return;
-        syncing_ = true;
-        w->setPlainText(t);
-        syncing_ = false;
+    QString widgetText() const override { return edit()->toPlainText(); }
+    void setWidgetText(const QString& t) override { edit()->setPlainText(t); }
+    void widgetSelection(int& start, int& length) const override {
+        const QTextCursor c = edit()->textCursor();
+        start = c.selectionStart();
+        length = c.selectionEnd() - c.selectionStart();
     }
-    void apply(Prop p) override {
-        auto* w = static_cast<QPlainTextEdit*>(widget_.data());
-        switch (p) {
-            case Prop::Text: sync(); break;
-            default:
-                if (!applyEditing(w, static_cast<TextBox&>(*model_), p))
-                    ControlPeer::apply(p);
-        }
+    void setWidgetSelection(int start, int length) override {
+        QTextCursor c = edit()->textCursor();
+        c.setPosition(start);
+        c.setPosition(start + length, QTextCursor::KeepAnchor);
+        edit()->setTextCursor(c);
     }
-
-private:
-    bool syncing_ = false;
 };
 
 // Check boxes and option buttons: the value is the model's, the click is the user's.

@@ -49,6 +49,8 @@ protected:
     // True when the control takes double clicks (then it ran, if allowed).
     bool doubleClick();
     void applyFont();
+    // A control that can take the focus again may find the window without one.
+    void regainFocus();
     // Fore colour as text colour; back colour filled unless transparent.
     void applyColors(bool fillBack);
 

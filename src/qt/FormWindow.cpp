@@ -1,11 +1,16 @@
 #include "qt/FormWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QFocusEvent>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
 
+#include "forms/Input.h"
+#include "forms/Keys.h"
 #include "qt/ControlPeers.h"
 #include "qt/MenuBarPeer.h"
 #include "qt/PeerWidgets.h"
@@ -27,6 +32,7 @@ void ClientArea::paintEvent(QPaintEvent* e) {
 FormWindow::FormWindow(Form& form, QtPlatform& platform) : form_(&form), platform_(&platform) {
     client_ = new ClientArea(this);
     setCentralWidget(client_);
+    ring_ = new FocusRing(client_);
     menus_ = std::make_unique<MenuBarPeer>(form, *this);
     menus_->rebuild();
     for (auto& c : form.controls())
@@ -40,6 +46,9 @@ FormWindow::FormWindow(Form& form, QtPlatform& platform) : form_(&form), platfor
     applyBackColor();
     applyCursor();
     client_->onResized = [this] { clientResized(); };
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* now) { focusChanged(now); });
+    applyFocus();
 }
 
 FormWindow::~FormWindow() {
@@ -109,6 +118,8 @@ void FormWindow::addPeer(Control& c) {
     if (!peer)
         return;
     peer->build(parentFor(c));
+    if (takesFocus(c) && peer->widget())
+        peer->widget()->installEventFilter(this);
     if (c.kind() == ControlKind::StatusBar) {
         statusBar_ = peer->widget();
         statusModel_ = &c;
@@ -123,6 +134,11 @@ void FormWindow::controlGone(Control* c) {
     if (it == peers_.end())
         return;
     if (QWidget* w = it->second->widget()) {
+        // The ring may stand inside it (a container) or round it; it stays with the window.
+        if (w->isAncestorOf(ring_) || ring_->target() == w) {
+            ring_->follow(nullptr);
+            ring_->setParent(client_);
+        }
         w->hide();
         w->deleteLater();
     }
@@ -154,6 +170,8 @@ void FormWindow::restack(const Control* container) {
     // The status bar is aligned to the form and stays over everything.
     if (!container && statusBar_)
         statusBar_->raise();
+    if (ring_->isVisible())
+        ring_->raise();
 }
 
 void FormWindow::layoutStatusBar() {
@@ -240,6 +258,109 @@ void FormWindow::showFromModel() {
     }
 }
 
+// ---- Focus and keys
+
+void FormWindow::applyFocus() {
+    // The model may have chosen the focus before the window existed: Qt gives it when
+    // the window is first activated.
+    if (!form_ || !form_->activeControl())
+        return;
+    if (QWidget* w = widgetOf(*form_->activeControl()); w && !w->hasFocus())
+        w->setFocus(Qt::OtherFocusReason);
+}
+
+void FormWindow::refocus() {
+    // Qt lets the focus go when its widget is disabled and it finds no other (a count-up
+    // disables every button), and does not look again when they come back.
+    if (!form_ || !isActiveWindow())
+        return;
+    if (const QWidget* now = QApplication::focusWidget(); now && now->window() == this)
+        return;
+    Control* c = form_->activeControl();
+    if (QWidget* w = c ? widgetOf(*c) : nullptr; w && w->isVisible() && w->isEnabled())
+        return w->setFocus(Qt::OtherFocusReason);
+    // Where that one can't take it, the next that can, as Tab would go.
+    if (Control* next = routeKey(*form_, Key::Tab).control)
+        userFocus(*next);
+}
+
+Control* FormWindow::controlOf(const QWidget* w) const {
+    for (auto& [c, peer] : peers_)
+        if (peer->widget() == w)
+            return const_cast<Control*>(c);
+    return nullptr;
+}
+
+void FormWindow::focusTaken(QWidget* w, Qt::FocusReason reason) {
+    Control* c = controlOf(w);
+    if (!form_ || !c)
+        return;
+    // Coming back to the window, or the model's own setFocus arriving, changes nothing;
+    // Tab and the mouse give the focus anew, and a text box selects its text again.
+    const bool byUser = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                        reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason;
+    if (form_->activeControl() == c && !byUser)
+        return;
+    userFocus(*c);
+}
+
+void FormWindow::focusChanged(QWidget* now) {
+    // The ring goes round the peer that holds the focus (a combo box's own parts too).
+    QWidget* target = nullptr;
+    for (QWidget* w = now; w && w != this && !target; w = w->parentWidget())
+        if (controlOf(w))
+            target = w;
+    if (now && now->window() != this)
+        target = nullptr;
+    ring_->follow(target);
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* e) {
+    auto* w = qobject_cast<QWidget*>(watched);
+    switch (e->type()) {
+        case QEvent::FocusIn:
+            if (w)
+                focusTaken(w, static_cast<QFocusEvent*>(e)->reason());
+            break;
+        case QEvent::Move:
+        case QEvent::Resize:
+        case QEvent::Show:
+        case QEvent::Hide:
+        case QEvent::ZOrderChange:
+            if (w && w == ring_->target())
+                ring_->place();
+            break;
+        default: break;
+    }
+    return QMainWindow::eventFilter(watched, e);
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* e) {
+    const auto mods = e->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    Key key;
+    if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)
+        key = Key::Enter;
+    else if (e->key() == Qt::Key_Escape)
+        key = Key::Escape;
+    else
+        return QMainWindow::keyPressEvent(e);
+    if (!form_ || mods != Qt::NoModifier)
+        return QMainWindow::keyPressEvent(e);
+    // A box of several lines took its Enter before it came here; nothing else is left.
+    const KeyRoute route = routeKey(*form_, key);
+    if (route.kind == KeyRoute::Nowhere || route.kind == KeyRoute::NewLine)
+        return QMainWindow::keyPressEvent(e);
+    e->accept();
+    // A key held down presses once.
+    if (e->isAutoRepeat())
+        return;
+    QPointer<FormWindow> self(this);
+    platform_->deliverUserAction([self, key] {
+        if (self && self->form_)
+            userKey(*self->form_, key);
+    });
+}
+
 // ---- What the user does to the window
 
 void FormWindow::clientResized() {
@@ -283,6 +404,10 @@ void FormWindow::moveEvent(QMoveEvent* e) {
 
 void FormWindow::changeEvent(QEvent* e) {
     QMainWindow::changeEvent(e);
+    // Back with no widget focused (its buttons were all disabled meanwhile): the focus
+    // goes where the model has it, not to the first widget Qt finds.
+    if (e->type() == QEvent::ActivationChange)
+        refocus();
     if (e->type() != QEvent::WindowStateChange || !form_ || applying_)
         return;
     QPointer<FormWindow> self(this);

@@ -17,6 +17,7 @@ namespace corvanna {
 class QtPlatform;
 class ControlPeer;
 class MenuBarPeer;
+class FocusRing;
 
 // The client area: the form's ScaleWidth x ScaleHeight, where its controls live.
 class ClientArea : public QWidget {
@@ -50,14 +51,19 @@ public:
     ClientArea* clientArea() const { return client_; }
     // The widget that shows a control (nullptr for timers and menus).
     QWidget* widgetOf(const Control& c) const;
+    // The ring round the focused control; hidden while the window has no focus.
+    FocusRing* focusRing() const { return ring_; }
 
     // Stops following the model; the window is about to go.
     void detach();
     // Shown as the model says: size, position and window state.
     void showFromModel();
 
-    // Peers ask these when a control restacks, changes its pointer or goes.
+    // Peers ask these when a control restacks, changes its pointer, can take the focus
+    // again, or goes.
     void restack(const Control* container);
+    // An active window whose widgets have all let the focus go gets it back.
+    void refocus();
     bool hourglass() const;
     void layoutStatusBar();
     void controlGone(Control* c);
@@ -66,6 +72,10 @@ protected:
     void closeEvent(QCloseEvent* e) override;
     void changeEvent(QEvent* e) override;
     void moveEvent(QMoveEvent* e) override;
+    // Enter and Escape that no widget kept for itself: the form's own keys.
+    void keyPressEvent(QKeyEvent* e) override;
+    // The focus taken by a control's widget, and where its ring goes.
+    bool eventFilter(QObject* watched, QEvent* e) override;
 
 private:
     void onFormChanged(Prop p);
@@ -76,6 +86,10 @@ private:
     void applyBackColor();
     void applyCursor();
     void clientResized();
+    void focusChanged(QWidget* now);
+    void focusTaken(QWidget* w, Qt::FocusReason reason);
+    void applyFocus();
+    Control* controlOf(const QWidget* w) const;
     int menuBarHeight() const;
     QSize clientSizeFromModel() const;
 
@@ -84,6 +98,7 @@ private:
     ClientArea* client_;
     std::unique_ptr<MenuBarPeer> menus_;
     std::map<const Control*, std::unique_ptr<ControlPeer>> peers_;
+    FocusRing* ring_ = nullptr;
     QPointer<QWidget> statusBar_;
     const Control* statusModel_ = nullptr;
     int formSub_ = 0;

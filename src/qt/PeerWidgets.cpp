@@ -1,5 +1,6 @@
 #include "qt/PeerWidgets.h"
 
+#include <QFocusEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -210,6 +211,84 @@ void DrawingWidget::paintEvent(QPaintEvent*) {
             }
         }
     }
+}
+
+// ---- ModelLineEdit
+
+void ModelLineEdit::focusInEvent(QFocusEvent* e) {
+    QLineEdit::focusInEvent(e);
+    focusedByMouse_ = e->reason() == Qt::MouseFocusReason;
+}
+
+void ModelLineEdit::mousePressEvent(QMouseEvent* e) {
+    const bool first = focusedByMouse_;
+    focusedByMouse_ = false;
+    if (first && e->button() == Qt::LeftButton) {
+        keepingSelection_ = true;
+        e->accept();
+        return;
+    }
+    QLineEdit::mousePressEvent(e);
+}
+
+void ModelLineEdit::mouseMoveEvent(QMouseEvent* e) {
+    if (keepingSelection_)
+        return e->accept();
+    QLineEdit::mouseMoveEvent(e);
+}
+
+void ModelLineEdit::mouseReleaseEvent(QMouseEvent* e) {
+    if (keepingSelection_ && e->button() == Qt::LeftButton) {
+        keepingSelection_ = false;
+        return e->accept();
+    }
+    QLineEdit::mouseReleaseEvent(e);
+}
+
+// ---- FocusRing
+
+FocusRing::FocusRing(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+    hide();
+}
+
+void FocusRing::follow(QWidget* target) {
+    target_ = target;
+    if (!target) {
+        hide();
+        return;
+    }
+    if (parentWidget() != target->parentWidget())
+        setParent(target->parentWidget());
+    place();
+}
+
+void FocusRing::place() {
+    if (!target_ || !target_->isVisible()) {
+        hide();
+        return;
+    }
+    setGeometry(target_->geometry());
+    raise();
+    show();
+    update();
+}
+
+void FocusRing::paintEvent(QPaintEvent*) {
+    // Blue on a white edge: the white parts it from the felt and the dark dialogs, the
+    // blue from a light form.
+    // As thick as the control is large: a maximised window draws its buttons larger.
+    const qreal blue = std::clamp(std::min(width(), height()) / 12.0, 2.0, 6.0);
+    const qreal white = std::max(1.0, blue / 2);
+    QPainter p(this);
+    const QRectF r = QRectF(rect());
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(QColor(255, 255, 255), white, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    p.drawRect(r.adjusted(white / 2, white / 2, -white / 2, -white / 2));
+    p.setPen(QPen(QColor(0x1A, 0x5F, 0xD8), blue, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const qreal in = white + blue / 2;
+    p.drawRect(r.adjusted(in, in, -in, -in));
 }
 
 }  // namespace corvanna

@@ -5,6 +5,8 @@
 #include <QCheckBox>
 #include <QColor>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
 #include <QRadioButton>
 #include <QWidget>
 #include <functional>
@@ -141,6 +143,44 @@ public:
 
 protected:
     void nextCheckState() override {}
+};
+
+// A one-line text box. The press of the mouse that gives it the focus keeps the
+// selection the focus made (the whole text), where QLineEdit would put the caret.
+class ModelLineEdit : public QLineEdit {
+    Q_OBJECT
+public:
+    using QLineEdit::QLineEdit;
+
+protected:
+    void focusInEvent(QFocusEvent* e) override;
+    void mousePressEvent(QMouseEvent* e) override;
+    void mouseMoveEvent(QMouseEvent* e) override;
+    void mouseReleaseEvent(QMouseEvent* e) override;
+
+private:
+    bool focusedByMouse_ = false;
+    bool keepingSelection_ = false;  // from that press to its release
+};
+
+// The ring round the control with the focus: the style's own focus frame is all but
+// invisible on the felt and the dark dialogs. Drawn inside the control's bounds, over it,
+// so it is never cut off by the container and never covers a neighbour.
+class FocusRing : public QWidget {
+    Q_OBJECT
+public:
+    explicit FocusRing(QWidget* parent);
+    // Round this widget (a sibling: the ring moves to its parent), or hidden for none.
+    void follow(QWidget* target);
+    QWidget* target() const { return target_; }
+    // Put back over the target after a restack or a move.
+    void place();
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    QPointer<QWidget> target_;
 };
 
 }  // namespace corvanna

@@ -258,9 +258,10 @@ void QtPlatform::showForm(Form& form, bool modal) {
             w->hide();
         w->setWindowModality(wanted);
     }
+    QPointer<QWidget> owner;
     if (modal) {
         // Kept above the window it was opened from, as a dialog is.
-        QWidget* owner = QApplication::activeWindow();
+        owner = QApplication::activeWindow();
         if (owner && owner != w && owner->windowHandle()) {
             w->createWinId();
             w->windowHandle()->setTransientParent(owner->windowHandle());
@@ -270,6 +271,7 @@ void QtPlatform::showForm(Form& form, bool modal) {
     w->showFromModel();
     if (modal) {
         runModal(form);
+        giveBackKeys(owner);
     } else if (form.Activate) {
         auto activate = form.Activate;  // the handler may unload the form
         activate();
@@ -298,6 +300,24 @@ void QtPlatform::runModal(Form& form) {
         if (w && w->form())
             w->form()->setEnabled(true);
     }
+}
+
+void QtPlatform::giveBackKeys(QWidget* owner) {
+    // A window manager gives the keyboard back to the window under a closed dialog;
+    // without one it would be left with no window at all.
+    const QWidget* active = QApplication::activeWindow();
+    if (active && active->isVisible())
+        return;
+    auto usable = [](const QWidget* w) { return w && w->isVisible() && !w->isMinimized(); };
+    QWidget* next = usable(owner) ? owner : nullptr;
+    for (auto run = modalRuns_.rbegin(); !next && run != modalRuns_.rend(); ++run)
+        if (FormWindow* w = windowOf(*run->form); usable(w))
+            next = w;
+    for (auto& [f, w] : windows_)
+        if (!next && usable(w))
+            next = w;
+    if (next)
+        next->activateWindow();
 }
 
 void QtPlatform::endModal(const Form& form) {

@@ -70,6 +70,7 @@ private:
     FormWindow* ensureWindow(Form& form);
     void runModal(Form& form);
     void endModal(const Form& form);
+    void giveBackKeys(QWidget* owner);
     void dropTimer(Timer* timer);
     void timerTicked(Timer* timer, QTimer* source);
     void holdTick(Timer* timer);

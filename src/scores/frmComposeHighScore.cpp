@@ -105,6 +105,9 @@ frmComposeHighScore::frmComposeHighScore(Program& prog, frmHighScores& scores)
     txtOther.setMultiLine(true);
     lblSample.setFont(8.25, true);
     lblOther.setFont(8.25, true);
+    lblInfo.setTextFit(TextFit::Wrap);
+    setDefaultButton(&cmdSubmit);
+    setCancelButton(&cmdCancel);
 
     setBounds(0, 0, kFormWidth, kFormHeight);
     const int inner = scaleWidth() - 2 * kMargin;
@@ -177,6 +180,7 @@ void frmComposeHighScore::Form_Load() {
     RefreshSample();
     lblOther.setCaption("Additional comments for Orlund:");
     txtOther.setText("");
+    txtName.setFocus();
 }
 
 void frmComposeHighScore::RefreshSample() {
@@ -188,8 +192,7 @@ void frmComposeHighScore::RefreshSample() {
                       "\n" + "score attained so far in this game. Please enter a valid score.",
                   MsgButtons::OK, MsgIcon::Exclamation);
         txtScore.setText(topScoreText());
-        txtScore.selStart = 0;
-        txtScore.selLength = static_cast<int>(txtScore.text().size());
+        txtScore.selectAll();
         txtScore.setFocus();
         return;
     }

@@ -18,14 +18,16 @@ frmHiScoreName::frmHiScoreName(Program& prog)
     lblInfo.setFont(10, false);
     lblInfo.move(240, 180, 4800, 900);
     lblInfo.setAlignment(Align::Center);
+    lblInfo.setTextFit(TextFit::Wrap);
+    // No MaxLength: a long name is kept whole, and cut only where a list shows it.
     txtPlayerName.move(240, 1200, 4800, 360);
-    // The table row keeps the name on one line of the file; a long name only makes it wide.
-    txtPlayerName.setMaxLength(40);
     cmdOK.setCaption("OK");
     cmdOK.move((5400 - 120 - 1200) / 2, 1740, 1200, 420);
     cmdOK.Click = [this] { cmdOK_Click(); };
-    // The close box takes the name as OK does, so a new row always has one.
+    // The close box and Escape take the name as OK does, so a new row always has one.
     QueryUnload = [this](bool& cancel) { cancel = !TakeName(); };
+    setDefaultButton(&cmdOK);
+    setCancelButton(&cmdOK);
 }
 
 void frmHiScoreName::Form_Load() {
@@ -37,8 +39,9 @@ void frmHiScoreName::Form_Load() {
                        g.AppTitle + " Hall of Fame:");
     const bool placeholder = g.UserName == "Velmora" || g.UserName == kUnknownUser;
     txtPlayerName.setText(placeholder ? "" : g.UserName);
-    txtPlayerName.selStart = 0;
-    txtPlayerName.selLength = static_cast<int>(txtPlayerName.text().size());
+    // Selected, so a returning player's new name replaces the old one as it is typed.
+    txtPlayerName.selectAll();
+    txtPlayerName.setFocus();
 }
 
 bool frmHiScoreName::TakeName() {

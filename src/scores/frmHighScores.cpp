@@ -97,6 +97,8 @@ frmHighScores::frmHighScores(Program& prog)
         ScoreList[2 * k + 1] = &label(*this, "ScoreList", 2 * k + 1);
         DateList[2 * k + 1] = &label(*this, "DateList", 2 * k + 1);
         ScoreList[2 * k]->setFont(10, true);
+        // A long name is kept whole in the table and cut only here, where it must fit.
+        ScoreList[2 * k]->setTextFit(TextFit::Elide);
         ScoreList[2 * k + 1]->setFont(10, true);
         DateList[2 * k + 1]->setFont(9, false);
         setRowColors(k, false);
@@ -109,7 +111,11 @@ frmHighScores::frmHighScores(Program& prog)
     lblBanner.setAlignment(Align::Center);
     lblHiScoreInfo.setForeColor(kHeading);
     lblHiScoreInfo.setFont(9, false);
+    lblHiScoreInfo.setTextFit(TextFit::Wrap);  // the table's line and the asterisk's below it
     cmdDone.setFont(9, true);
+    // Enter and Escape both press Done: back to the game, the flash over.
+    setDefaultButton(&cmdDone);
+    setCancelButton(&cmdDone);
 
     Timer1.OnTimer = [this] { Timer1_Timer(); };
     cmdDone.Click = [this] { cmdDone_Click(); };
@@ -170,6 +176,7 @@ void frmHighScores::Form_Load() {
     lblHiScoreInfo.setCaption("");
     setCaption(g.AppTitle + " Hall of Fame (" + std::to_string(g.RoundSeconds) + " secs)");
     lblBanner.setCaption(g.AppTitle + " Hall of Fame");
+    cmdDone.setFocus();
 
     const HighScoreChoice choice = CurrentHighScoreTable(prog_);
     if (choice.table) {

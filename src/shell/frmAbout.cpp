@@ -20,6 +20,11 @@ frmAbout::frmAbout(Program& prog)
     lblStats.setFont(9, true);
     cmdCoolDude.setCaption("&Cool Dude");
     cmdCoolDude.Click = [this] { prog_.unload(*this); };
+    // The only button: Enter and Escape both close the box.
+    setDefaultButton(&cmdCoolDude);
+    setCancelButton(&cmdCoolDude);
+    lblInfo.setTextFit(TextFit::Wrap);
+    lblStats.setTextFit(TextFit::Wrap);
 }
 
 void frmAbout::Form_Load() {
@@ -41,6 +46,7 @@ void frmAbout::Form_Load() {
     lblStats.move(300, 2040, W - 600, 600);
     lblStats.setAlignment(Align::Center);
     cmdCoolDude.move((W - 1800) / 2, 2800, 1800, 450);
+    cmdCoolDude.setFocus();
 }
 
 void ShowAbout(Program& prog) {

@@ -128,6 +128,8 @@ TEST(DriveOptions, HelpListsEveryCommandAndOptionAndBadOptionsExitTwo) {
                              "dump FORM",
                              "dblclick FORM.CONTROL",
                              "enter FORM.CONTROL",
+                             "key FORM Enter|Escape|Tab|Shift+Tab",
+                             "keys FORM TEXT",
                              "GAME.tfl",
                              "\n  log ",
                              "resize FORM W H",

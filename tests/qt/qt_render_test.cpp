@@ -10,16 +10,19 @@
 #include <QComboBox>
 #include <QEventLoop>
 #include <QImage>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QWindow>
 #include <memory>
 
 #include "common/Program.h"
@@ -27,8 +30,10 @@
 #include "forms/Input.h"
 #include "qt/CardArt.h"
 #include "qt/FormWindow.h"
+#include "qt/PeerWidgets.h"
 #include "qt/QtPlatform.h"
 #include "qt/QtTestApp.h"
+#include "scores/frmHiScoreName.h"
 #include "shell/Startup.h"
 
 namespace corvanna {
@@ -43,6 +48,14 @@ void runLoop(int ms) {
     QEventLoop loop;
     QTimer::singleShot(ms, &loop, &QEventLoop::quit);
     loop.exec();
+}
+
+// A key as the keyboard sends it to the widget with the focus.
+void press(QWidget* w, int key, const QString& text = {}) {
+    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(w, &down);
+    QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, text);
+    QApplication::sendEvent(w, &up);
 }
 
 QRgb rgbOf(Color c) {
@@ -263,22 +276,30 @@ TEST_F(QtRender, SleepHoldsTimersAndTheCloseBox) {
         ++ticks;
         tickInsideWait = tickInsideWait || platform->inWait();
     };
-    int closeAsks = 0;
+    int closeAsks = 0, presses = 0;
     platform->onCloseRequest = [&](Form&) { ++closeAsks; };
+    Control& ok = form->addControl(ControlKind::CommandButton, "cmdOK");
+    ok.Click = [&] { ++presses; };
+    form->setDefaultButton(&ok);
     platform->showForm(*form, false);
     FormWindow& w = window();
 
     t.start();
-    // The close box pressed in the middle of the wait.
-    QTimer::singleShot(10, &w, [&] { w.close(); });
+    // The close box and Enter pressed in the middle of the wait.
+    QTimer::singleShot(10, &w, [&] {
+        w.close();
+        press(&w, Qt::Key_Return);
+    });
     platform->sleep(60);  // several ticks fall due
     EXPECT_EQ(ticks, 0);
     EXPECT_EQ(closeAsks, 0);
+    EXPECT_EQ(presses, 0);
     EXPECT_TRUE(w.isVisible());  // the model decides; nothing closed the window
     t.setInterval(60000);        // no fresh tick from here on
     platform->doEvents();
     EXPECT_EQ(ticks, 1);  // what fell due ticks once
     EXPECT_EQ(closeAsks, 1);
+    EXPECT_EQ(presses, 1);
     platform->doEvents();
     EXPECT_EQ(ticks, 1);
     EXPECT_FALSE(tickInsideWait);
@@ -387,7 +408,8 @@ TEST_F(QtRender, TextListAndComboFeedTheModel) {
     name.setText("Bo");
     EXPECT_EQ(edit->text(), "Bo");
     EXPECT_EQ(changes, 2);
-    emit edit->returnPressed();
+    name.setFocus();
+    press(edit, Qt::Key_Return);
     EXPECT_EQ(enters, 1);
     EXPECT_FALSE(edit->isReadOnly());
     auto* shown = widget<QLineEdit>(sample);
@@ -547,6 +569,62 @@ TEST(QtRealForms, SelectorAndGameFormShow) {
         // Whatever the game shows, the window paints without trouble.
         EXPECT_FALSE(gw->grab().isNull());
     }
+}
+
+// The name dialog in the real window: the stored name comes selected, so what is typed
+// replaces it; Tab and the mouse select it again; Enter is OK.
+TEST(QtRealForms, NameDialogOffersTheStoredNameSelected) {
+    app();
+    QTemporaryDir data;
+    ASSERT_TRUE(data.isValid());
+    QtPlatform platform;
+    platform.setQuitWhenLastFormUnloaded(false);
+    Program program(platform, data.path().toStdString(), 7);
+    program.state.AppTitle = "Tierfall!";
+    program.state.UserName = "Alice";
+    QTimer::singleShot(0, [&] {
+        Form* dialog = program.findForm("frmHiScoreName");
+        ASSERT_NE(dialog, nullptr);
+        FormWindow* w = platform.windowOf(*dialog);
+        ASSERT_NE(w, nullptr);
+        auto* edit = w->findChild<QLineEdit*>();
+        auto* ok = w->findChild<QPushButton*>();
+        ASSERT_TRUE(edit && ok);
+        for (int i = 0; i < 100 && !edit->hasFocus(); ++i)
+            runLoop(10);
+        ASSERT_TRUE(edit->hasFocus());
+        EXPECT_EQ(edit->selectedText(), "Alice");
+        press(edit, Qt::Key_B, "B");
+        press(edit, Qt::Key_O, "o");
+        press(edit, Qt::Key_B, "b");
+        EXPECT_EQ(edit->text(), "Bob");
+        // Tab puts the ring round OK; a click back in the box selects the whole name.
+        press(edit, Qt::Key_Tab);
+        ASSERT_TRUE(ok->hasFocus());
+        EXPECT_TRUE(w->focusRing()->isVisible());
+        EXPECT_EQ(w->focusRing()->geometry(), ok->geometry());
+        // Through the window, as the mouse comes: that is where a press gives the focus.
+        const QPointF at = edit->mapTo(w, QPointF(edit->width() / 2.0, edit->height() / 2.0));
+        for (QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent click(type, at, w->mapToGlobal(at), Qt::LeftButton,
+                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                              Qt::NoModifier);
+            QApplication::sendEvent(w->windowHandle(), &click);
+        }
+        EXPECT_TRUE(edit->hasFocus());
+        EXPECT_EQ(edit->selectedText(), "Bob");
+        press(edit, Qt::Key_Return);
+    });
+    // Should the dialog stay up, it goes, so the test ends.
+    QTimer::singleShot(5000, [&] {
+        if (Form* dialog = program.findForm("frmHiScoreName")) {
+            ADD_FAILURE() << "the dialog is still open";
+            dialog->QueryUnload = nullptr;
+            program.unload(*dialog);
+        }
+    });
+    AskHighScoreName(program);
+    EXPECT_EQ(program.state.UserName, "Bob");
 }
 
 }  // namespace

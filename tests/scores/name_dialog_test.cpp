@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "common/FileStore.h"
+#include "forms/Input.h"
 #include "scores/HighScores.h"
 #include "scores/frmHiScoreName.h"
 #include "testkit/TestProgram.h"
@@ -53,6 +54,23 @@ TEST(NameDialog, ShowsTheInvitationWithTheTitleAndOffersTheUsersName) {
     });
     EXPECT_EQ(d.t.prog.state.UserName, "Marta Quill");
     EXPECT_TRUE(d.t.fake.messages().empty());
+}
+
+TEST(NameDialog, TheStoredNameHasTheFocusSelectedSoATypedNameReplacesIt) {
+    Dialog d("Colclear!", "Alice");
+    d.run([&](Form& f) {
+        TextBox& box = nameBox(f);
+        EXPECT_EQ(f.activeControl(), &box);
+        EXPECT_EQ(box.property("SelText"), "Alice");
+        ASSERT_TRUE(userType(box, "Bob"));
+        EXPECT_EQ(box.text(), "Bob");
+        // Tab to OK and back: the box selects what it holds again.
+        ASSERT_TRUE(userKey(f, Key::Tab));
+        ASSERT_TRUE(userKey(f, Key::BackTab));
+        EXPECT_EQ(box.property("SelText"), "Bob");
+        ASSERT_TRUE(userKey(f, Key::Enter));
+    });
+    EXPECT_EQ(d.t.prog.state.UserName, "Bob");
 }
 
 TEST(NameDialog, PlaceholderNamesAreNotOfferedAndAnEmptyNameIsUnknownUser) {
@@ -135,6 +153,26 @@ TEST(NameDialog, AWholeEntryWritesTheNameTypedAfterARefusal) {
     EXPECT_TRUE(d.t.fake.takeErrors().empty());
     EXPECT_EQ(d.t.fake.messages(),
               std::vector<std::string>{"Sorry, you may not use commas in your name."});
+}
+
+TEST(NameDialog, ALongNameIsKeptWholeInTheTable) {
+    Dialog d("Gridflush!", "Velmora");
+    d.t.prog.state.RoundSeconds = 120;
+    const std::string table(GridflushHiScoreTable);
+    ASSERT_TRUE(CreateHighScoreTable(d.t.prog, table, 30000));
+    d.t.prog.state.Score = 31000;
+    std::string name;
+    for (int i = 0; i < 10; ++i)
+        name += "Velmorian" + std::to_string(i);
+    ASSERT_EQ(name.size(), 100u);
+    d.t.fake.queueModal([&](Form& f) {
+        ASSERT_TRUE(userType(nameBox(f), name));
+        d.t.click("frmHiScoreName", "cmdOK");
+    });
+    ASSERT_TRUE(UpdateHighScoreTable(d.t.prog, table, [] {}));
+    std::string bytes;
+    readWholeFile(d.t.prog.filePath("Gridflush Hi Score Table 120.Txt"), bytes);
+    EXPECT_EQ(bytes.substr(0, bytes.find("\r\n")), name + ", 31000, Nov 23 2026 09:00 am");
 }
 
 }  // namespace corvanna

@@ -51,6 +51,10 @@ GameFileDialog::GameFileDialog(Program& prog, const std::string& name, const std
     txtGameName.KeyEnter = [this] { txtGameName_KeyEnter(); };
     cmdOK.Click = [this] { cmdOK_Click(); };
     cmdCancel.Click = [this] { cmdCancel_Click(); };
+    // Enter in the name box keeps its own meaning (the pattern); elsewhere it is OK.
+    setDefaultButton(&cmdOK);
+    setCancelButton(&cmdCancel);
+    txtGameName.setFocus();
 }
 
 Control& GameFileDialog::addLabel(const std::string& name, const std::string& caption) {

@@ -12,6 +12,7 @@ frmOpen::frmOpen(Program& prog, std::function<bool(const std::string& path)> ope
                                "saved game.")),
       open_(std::move(open)) {
     lblOpenInfo.move(120, 120, 6540, 600);
+    lblOpenInfo.setTextFit(TextFit::Wrap);
 }
 
 void frmOpen::cmdOK_Click() {

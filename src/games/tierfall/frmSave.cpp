@@ -24,6 +24,7 @@ frmSave::frmSave(Program& prog)
       lblUserName(addLabel("lblUserName", "Player name:")),
       txtUserName(add<TextBox>("txtUserName", -1, nullptr)) {
     lblSaveInfo.move(120, 120, 6540, 600);
+    lblSaveInfo.setTextFit(TextFit::Wrap);
     lblUserName.move(120, 3720, 3000, 240);
     txtUserName.move(120, 3960, 3000, 315);
     txtUserName.setText(prog.state.UserName);

@@ -78,6 +78,7 @@ frmTierfallCustomScoring::frmTierfallCustomScoring(Program& prog, frmTierfall& g
         "in the High Score table. When reporting high scores for the website, be sure to "
         "indicate if V 7.0 Enahanced Scoring was used.");
     lblCustom.setFont(8, false);
+    lblCustom.setTextFit(TextFit::Wrap);
     lblCustom.move(240, 4080, kWidth - 600, 1080);
     chkScoring.Click = [this] { chkScoring_Click(); };
     cmdDefault.Click = [this] { cmdDefault_Click(); };
