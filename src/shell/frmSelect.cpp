@@ -1,5 +1,8 @@
 #include "shell/frmSelect.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "common/FileStore.h"
 #include "common/Intervals.h"
 #include "common/UserIni.h"
@@ -48,7 +51,9 @@ frmSelect::frmSelect(Program& prog)
     Timer1.OnTimer = [this] { Timer1_Timer(); };
     QueryUnload = [this](bool& cancel) { Form_Unload(cancel); };
     Resize = [this] { layout(); };
-    setBounds(0, 0, 9000, 7000);
+    // A folder's name can be of any length: cut, with the whole of it in the tooltip.
+    lblSmallPrint2.setTextFit(TextFit::Elide);
+    setBounds(0, 0, kDesignWidth, kDesignHeight);
     layout();
 }
 
@@ -62,6 +67,9 @@ void frmSelect::Form_Load() {
 
     const int screenW = prog_.platform.screenWidthTwips();
     const int screenH = prog_.platform.screenHeightTwips();
+    // A screen smaller than the selector gets all of it, scaled down.
+    if (width() > screenW || height() > screenH)
+        setSize(std::min(width(), screenW), std::min(height(), screenH));
     setPosition(std::max(0, (screenW - width()) / 2), std::max(0, (screenH - height()) / 2));
     setCaption("The Corvanna Collection");
 
@@ -77,6 +85,7 @@ void frmSelect::Form_Load() {
     cmdClose.setToolTipText("Close the Corvanna");
     lblSmallPrint1.setCaption("Nine quick games against the clock. Velmora, 2026.");
     lblSmallPrint2.setCaption("Your best scores are kept in " + prog_.dataDir());
+    lblSmallPrint2.setToolTipText(prog_.dataDir());
     for (Control* img : imgSplashImage)
         img->setPicture(ImageList2.picture("BACK"));
 
@@ -154,33 +163,49 @@ void frmSelect::Timer1_Timer() {
 }
 
 void frmSelect::layout() {
+    // Placed at the design size and scaled as one piece into the window, centred: a larger
+    // window shows the same selector larger, a smaller one cuts nothing off.
+    const int W0 = kDesignWidth - kFrameWidthTwips, H0 = kDesignHeight - kFrameHeightTwips;
     const int W = scaleWidth(), H = scaleHeight();
+    const double s = std::max(0.01, std::min(double(W) / W0, double(H) / H0));
+    const int ox = static_cast<int>(std::lround((W - W0 * s) / 2));
+    const int oy = static_cast<int>(std::lround((H - H0 * s) / 2));
+    // Edges are scaled, not sizes, so controls that meet at the design size still meet.
+    auto place = [s](Control& c, int dx, int dy, int x, int y, int w, int h) {
+        const auto at = [s](int offset, int v) {
+            return offset + static_cast<int>(std::lround(v * s));
+        };
+        c.move(at(dx, x), at(dy, y), at(dx, x + w) - at(dx, x), at(dy, y + h) - at(dy, y));
+    };
+    setFontScale(s);
+
     // The row of cards across the top, overlapping a little.
     const int cardW = 1035, cardH = 1410;
-    const int step = std::min(cardW + 60, (W - 600 - cardW) / 7);
+    const int step = std::min(cardW + 60, (W0 - 600 - cardW) / 7);
     const int rowW = cardW + 7 * step;
-    const int rowX = (W - rowW) / 2;
+    const int rowX = (W0 - rowW) / 2;
     for (int i = 0; i < 8; ++i)
-        imgSplashImage[static_cast<std::size_t>(i)]->move(rowX + i * step, 240, cardW, cardH);
+        place(*imgSplashImage[static_cast<std::size_t>(i)], ox, oy, rowX + i * step, 240, cardW,
+              cardH);
 
     // Nine buttons in three rows of three inside the frame.
-    const int frameW = std::min(W - 600, 7200), frameH = 2700;
-    const int frameX = (W - frameW) / 2, frameY = 240 + cardH + 300;
-    frmGameChoice.move(frameX, frameY, frameW, frameH);
+    const int frameW = std::min(W0 - 600, 7200), frameH = 2700;
+    const int frameX = (W0 - frameW) / 2, frameY = 240 + cardH + 300;
+    place(frmGameChoice, ox, oy, frameX, frameY, frameW, frameH);
     const int bw = (frameW - 4 * 240) / 3, bh = 540;
     for (int i = 0; i < 9; ++i) {
         if (!gameButtons[static_cast<std::size_t>(i)])
             continue;
         const int col = i % 3, row = i / 3;
-        gameButtons[static_cast<std::size_t>(i)]->move(240 + col * (bw + 240),
-                                                       420 + row * (bh + 240), bw, bh);
+        place(*gameButtons[static_cast<std::size_t>(i)], 0, 0, 240 + col * (bw + 240),
+              420 + row * (bh + 240), bw, bh);
     }
 
     const int by = frameY + frameH + 300;
-    cmdLaunchBrowser.move(frameX, by, 3600, 480);
-    cmdClose.move(frameX + frameW - 1800, by, 1800, 480);
-    lblSmallPrint1.move(0, std::min(H - 660, by + 720), W, 300);
-    lblSmallPrint2.move(0, std::min(H - 360, by + 1020), W, 300);
+    place(cmdLaunchBrowser, ox, oy, frameX, by, 3600, 480);
+    place(cmdClose, ox, oy, frameX + frameW - 1800, by, 1800, 480);
+    place(lblSmallPrint1, ox, oy, 300, by + 720, W0 - 600, 300);
+    place(lblSmallPrint2, ox, oy, 300, by + 1020, W0 - 600, 300);
 }
 
 }  // namespace corvanna

@@ -31,6 +31,8 @@ public:
     PictureStore& ImageList2;
 
 private:
+    // The window's outer size as designed, in twips.
+    static constexpr int kDesignWidth = 9000, kDesignHeight = 7000;
     void layout();
 
     Program& prog_;

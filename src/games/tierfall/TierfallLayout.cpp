@@ -1,5 +1,6 @@
-// Tierfall's board at the window's size: the design-size positions scaled into the
-// frame's board area, with the total and goal boxes beside the pile and the up card.
+// Tierfall's board at the window's size: the design-size positions, with the total and
+// goal boxes beside the pile and the up card, scaled as one piece into the frame's board
+// area and centred there.
 
 #include <algorithm>
 
@@ -10,17 +11,31 @@ namespace corvanna {
 
 namespace {
 
-// The board's extent at the design size: the top card's top to the lower cards' bottom.
-constexpr int kDesignLeft = 360;
-constexpr int kDesignTop = 1400;
-constexpr int kDesignRight = 8280 + 1065;
-constexpr int kDesignBottom = 4695 + 1455;
+// Card faces are drawn 69 wide to 94 high.
+constexpr int kAspectW = 69, kAspectH = 94;
 constexpr int kDesignCardWidth = 1065;
+constexpr int kDesignCardHeight = kDesignCardWidth * kAspectH / kAspectW;
 constexpr int kLowerTop = 4695;
 constexpr int kPileLeft = 3675;
 constexpr int kUpCardLeft = 4950;
-// Card faces are drawn 69 wide to 94 high.
-constexpr int kAspectW = 69, kAspectH = 94;
+constexpr int kBevel = 60;
+
+// The total box left of the pile, the goal box right of the up card: level with them, but
+// never under the lowest tier, whose cards reach further down.
+constexpr int kBoxLeft = 360 + kDesignCardWidth;
+constexpr int kBoxWidth = kPileLeft - kBoxLeft - kDesignCardWidth / 2;
+constexpr int kBoxHeight = kDesignCardHeight * 2 / 3;
+constexpr int kGoalBoxLeft = kUpCardLeft + kDesignCardWidth + kDesignCardWidth / 2;
+constexpr int kLowestTierBottom = 3900 + kDesignCardHeight;
+constexpr int kBoxTop = std::max(kLowerTop + (kDesignCardHeight - kBoxHeight) / 2,
+                                 kLowestTierBottom + kDesignCardHeight / 8);
+
+// The board's extent at the design size: the top card's top to the boxes' bevels.
+constexpr int kDesignLeft = 360;
+constexpr int kDesignTop = 1400;
+constexpr int kDesignRight = 8280 + kDesignCardWidth;
+constexpr int kDesignBottom =
+    std::max(kLowerTop + kDesignCardHeight, kBoxTop + kBoxHeight + kBevel);
 
 }  // namespace
 
@@ -34,18 +49,21 @@ int frmTierfall::py(int designY) const {
 
 void frmTierfall::placeBox(Shape& box, Shape& side, Shape& bottom, Control& title, Control& value,
                            int x, int y, int w, int h) {
-    const int bevel = std::max(1, static_cast<int>(roundHalfEven(60 * scale_)));
-    box.move(x, y, w, h);
-    side.move(x + w, y + bevel, bevel, h);
-    bottom.move(x + bevel, y + h, w, bevel);
-    title.move(x, y + h / 12, w, h * 5 / 12);
-    value.move(x, y + h / 2 - h / 12, w, h / 2);
+    // Design twips in, the box's edges and bevels scaled with the board.
+    const int l = px(x), t = py(y), r = px(x + w), b = py(y + h);
+    const int bevel = std::max(1, px(x + kBevel) - l);
+    box.move(l, t, r - l, b - t);
+    side.move(r, t + bevel, bevel, b - t);
+    bottom.move(l + bevel, b, r - l, bevel);
+    const int titleTop = py(y + h / 12), valueTop = py(y + h / 2 - h / 12);
+    title.move(l, titleTop, r - l, py(y + h / 2) - titleTop);
+    value.move(l, valueTop, r - l, py(y + h - h / 12) - valueTop);
 }
 
 void frmTierfall::LayoutBoard(int left, int top, int width, int height) {
     const double designW = kDesignRight - kDesignLeft;
     const double designH = kDesignBottom - kDesignTop;
-    scale_ = std::max(0.05, std::min(width / designW, height / designH));
+    scale_ = std::max(0.01, std::min(width / designW, height / designH));
     originX_ = left + static_cast<int>((width - designW * scale_) / 2);
     originY_ = top + static_cast<int>((height - designH * scale_) / 2);
     const int cardW = std::max(1, static_cast<int>(roundHalfEven(kDesignCardWidth * scale_)));
@@ -63,18 +81,10 @@ void frmTierfall::LayoutBoard(int left, int top, int width, int height) {
     lblCardCount.move(px(kPileLeft) - cardW / 4, py(kLowerTop) - cardH / 4, cardW * 3 / 2,
                       cardH / 4);
 
-    // The total box left of the pile, the goal box right of the up card: level with them,
-    // but never under the lowest tier, whose cards reach further down.
-    const int boxW = px(kPileLeft) - px(kDesignLeft + 1065) - cardW / 2;
-    const int boxH = cardH * 2 / 3;
-    int lowestCard = 0;
-    for (int s = 0; s < TierfallBoard::kSlots; ++s)
-        lowestCard = std::max(lowestCard, py(TierfallBoard::slot(s).top) + cardH);
-    const int boxY = std::max(py(kLowerTop) + (cardH - boxH) / 2, lowestCard + cardH / 8);
     placeBox(CardTotalRectangle, CardTotalBevelSide, CardTotalBevelBottom, lblTotal,
-             lblCurrentTotal, px(kDesignLeft + 1065), boxY, boxW, boxH);
+             lblCurrentTotal, kBoxLeft, kBoxTop, kBoxWidth, kBoxHeight);
     placeBox(ElevensRectangle, ElevensBevelSide, ElevensBevelBottom, lblElevens, lblCurrentElevens,
-             px(kUpCardLeft) + cardW + cardW / 2, boxY, boxW, boxH);
+             kGoalBoxLeft, kBoxTop, kBoxWidth, kBoxHeight);
 }
 
 }  // namespace corvanna
