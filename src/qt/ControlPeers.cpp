@@ -562,9 +562,7 @@ protected:
         bar->setAutoFillBackground(true);
         const int n = static_cast<StatusBar&>(*model_).panelCount();
         for (int i = 1; i <= n; ++i) {
-            auto* panel = new QLabel(bar);
-            panel->setTextFormat(Qt::PlainText);
-            panel->setMinimumWidth(1);
+            auto* panel = new PanelLabel(bar);
             if (n >= 3 && i == n) {
                 // The last panel holds the time: a fixed width that fits it.
                 panel->setAlignment(Qt::AlignCenter);

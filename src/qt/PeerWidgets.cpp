@@ -76,6 +76,22 @@ TextLabel::TextLabel(QWidget* parent) : QLabel(parent) {
     setIndent(0);
 }
 
+// ---- PanelLabel
+
+PanelLabel::PanelLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setMinimumWidth(1);
+}
+
+void PanelLabel::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    const QRect room = contentsRect();
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
+    setToolTip(shown == text() ? QString() : text());
+    p.setPen(palette().color(QPalette::WindowText));
+    p.drawText(room, static_cast<int>(alignment() | Qt::AlignVCenter), shown);
+}
+
 // ---- ShapeWidget
 
 ShapeWidget::ShapeWidget(QWidget* parent) : QWidget(parent) {

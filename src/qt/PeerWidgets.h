@@ -68,6 +68,17 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* e) override { clicks.doubleClick(e); }
 };
 
+// A status bar panel: one line, cut with an ellipsis where the window is too narrow for
+// it, the whole text then in its tooltip.
+class PanelLabel : public QLabel {
+    Q_OBJECT
+public:
+    explicit PanelLabel(QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+};
+
 // A Frame: a caption and a thin rounded border round its children. Painted by
 // hand: the style's group box loads its pictures from files on the first paint.
 class FrameBox : public QWidget {

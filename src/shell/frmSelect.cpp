@@ -1,13 +1,13 @@
 #include "shell/frmSelect.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "common/FileStore.h"
 #include "common/Intervals.h"
 #include "common/UserIni.h"
 #include "common/WebLinks.h"
 #include "common/frame/GameFrame.h"
+#include "forms/DesignScale.h"
 #include "games/GameRegistry.h"
 
 namespace corvanna {
@@ -100,6 +100,8 @@ void frmSelect::Form_Load() {
         WriteUserIni(prog_, g.UserName, g.UserHometown, g.UserState, g.UserCountry);
     ReadUserIni(prog_, userIni);
     Timer1.start();
+    // Enter at once plays the first game, not the website.
+    gameButtons[0]->setFocus();
 }
 
 void frmSelect::Form_Unload(bool& cancel) {
@@ -166,18 +168,9 @@ void frmSelect::layout() {
     // Placed at the design size and scaled as one piece into the window, centred: a larger
     // window shows the same selector larger, a smaller one cuts nothing off.
     const int W0 = kDesignWidth - kFrameWidthTwips, H0 = kDesignHeight - kFrameHeightTwips;
-    const int W = scaleWidth(), H = scaleHeight();
-    const double s = std::max(0.01, std::min(double(W) / W0, double(H) / H0));
-    const int ox = static_cast<int>(std::lround((W - W0 * s) / 2));
-    const int oy = static_cast<int>(std::lround((H - H0 * s) / 2));
-    // Edges are scaled, not sizes, so controls that meet at the design size still meet.
-    auto place = [s](Control& c, int dx, int dy, int x, int y, int w, int h) {
-        const auto at = [s](int offset, int v) {
-            return offset + static_cast<int>(std::lround(v * s));
-        };
-        c.move(at(dx, x), at(dy, y), at(dx, x + w) - at(dx, x), at(dy, y + h) - at(dy, y));
-    };
-    setFontScale(s);
+    const DesignScale t = DesignScale::fit(scaleWidth(), scaleHeight(), W0, H0);
+    const DesignScale inFrame = t.inside();
+    setFontScale(t.s);
 
     // The row of cards across the top, overlapping a little.
     const int cardW = 1035, cardH = 1410;
@@ -185,27 +178,26 @@ void frmSelect::layout() {
     const int rowW = cardW + 7 * step;
     const int rowX = (W0 - rowW) / 2;
     for (int i = 0; i < 8; ++i)
-        place(*imgSplashImage[static_cast<std::size_t>(i)], ox, oy, rowX + i * step, 240, cardW,
-              cardH);
+        t.place(*imgSplashImage[static_cast<std::size_t>(i)], rowX + i * step, 240, cardW, cardH);
 
     // Nine buttons in three rows of three inside the frame.
     const int frameW = std::min(W0 - 600, 7200), frameH = 2700;
     const int frameX = (W0 - frameW) / 2, frameY = 240 + cardH + 300;
-    place(frmGameChoice, ox, oy, frameX, frameY, frameW, frameH);
+    t.place(frmGameChoice, frameX, frameY, frameW, frameH);
     const int bw = (frameW - 4 * 240) / 3, bh = 540;
     for (int i = 0; i < 9; ++i) {
         if (!gameButtons[static_cast<std::size_t>(i)])
             continue;
         const int col = i % 3, row = i / 3;
-        place(*gameButtons[static_cast<std::size_t>(i)], 0, 0, 240 + col * (bw + 240),
-              420 + row * (bh + 240), bw, bh);
+        inFrame.place(*gameButtons[static_cast<std::size_t>(i)], 240 + col * (bw + 240),
+                      420 + row * (bh + 240), bw, bh);
     }
 
     const int by = frameY + frameH + 300;
-    place(cmdLaunchBrowser, ox, oy, frameX, by, 3600, 480);
-    place(cmdClose, ox, oy, frameX + frameW - 1800, by, 1800, 480);
-    place(lblSmallPrint1, ox, oy, 300, by + 720, W0 - 600, 300);
-    place(lblSmallPrint2, ox, oy, 300, by + 1020, W0 - 600, 300);
+    t.place(cmdLaunchBrowser, frameX, by, 3600, 480);
+    t.place(cmdClose, frameX + frameW - 1800, by, 1800, 480);
+    t.place(lblSmallPrint1, 300, by + 720, W0 - 600, 300);
+    t.place(lblSmallPrint2, 300, by + 1020, W0 - 600, 300);
 }
 
 }  // namespace corvanna

@@ -3,8 +3,7 @@
 # of Fame, about and save dialogs, and the stored name offered selected.
 key frmSelect Escape
 key frmSelect Tab
-key frmSelect Tab
-key frmSelect Tab
+key frmSelect Shift+Tab
 get frmSelect.ActiveControl
 key frmSelect Enter
 get frmTierfall.Visible

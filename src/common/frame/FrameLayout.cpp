@@ -3,32 +3,17 @@
 // centred above the status bar, so a maximised board keeps the proportions of the design.
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 #include "common/frame/Clock.h"
 #include "common/frame/GameFrame.h"
+#include "forms/DesignScale.h"
 
 namespace corvanna {
 
 namespace {
 
 constexpr int kStatusBarHeight = 330;
-
-// Design twips to form twips: a uniform scale and the offset that centres the design.
-struct Scaled {
-    double s = 1.0;
-    int ox = 0, oy = 0;
-
-    int x(int v) const { return ox + static_cast<int>(std::lround(v * s)); }
-    int y(int v) const { return oy + static_cast<int>(std::lround(v * s)); }
-    // Edges are scaled, not sizes, so boxes that meet at the design size still meet.
-    void place(Control& c, int left, int top, int width, int height) const {
-        const int l = x(left), t = y(top);
-        c.move(l, t, x(left + width) - l, y(top + height) - t);
-    }
-    Scaled inside() const { return Scaled{s, 0, 0}; }
-};
 
 // The client area of the game's smallest window, above the status bar.
 int designWidth(const GameFrame& f) {
@@ -39,14 +24,9 @@ int designHeight(const GameFrame& f) {
            kStatusBarHeight;
 }
 
-Scaled frameScale(const GameFrame& f) {
-    const int W = f.scaleWidth(), H = std::max(0, f.scaleHeight() - kStatusBarHeight);
-    const double w0 = designWidth(f), h0 = designHeight(f);
-    Scaled t;
-    t.s = std::max(0.01, std::min(W / w0, H / h0));
-    t.ox = static_cast<int>(std::lround((W - w0 * t.s) / 2));
-    t.oy = static_cast<int>(std::lround((H - h0 * t.s) / 2));
-    return t;
+DesignScale frameScale(const GameFrame& f) {
+    const int H = std::max(0, f.scaleHeight() - kStatusBarHeight);
+    return DesignScale::fit(f.scaleWidth(), H, designWidth(f), designHeight(f));
 }
 
 // The board area at the design size: left of the side panel.
@@ -70,7 +50,7 @@ void GameFrame::LayoutForm() {
 void GameFrame::layout() {
     const int H = std::max(0, scaleHeight() - kStatusBarHeight);
     StatusBar1.move(0, H, scaleWidth(), kStatusBarHeight);
-    const Scaled t = frameScale(*this);
+    const DesignScale t = frameScale(*this);
     setFontScale(t.s);
 
     // The design: a width of W0 and a height of H0 above the status bar.
@@ -132,7 +112,7 @@ void GameFrame::layout() {
 
 void GameFrame::placeSplash() {
     // Inside the panel, whose design size is the board's.
-    const Scaled t = frameScale(*this).inside();
+    const DesignScale t = frameScale(*this).inside();
     const int W = designWidth(*this) - kPanelWidth - 2 * kBoardMargin;
     const int H = designHeight(*this) - 2 * kBoardMargin;
     const int cardW = 1035, cardH = 1410, step = 380;

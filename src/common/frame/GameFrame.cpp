@@ -279,6 +279,9 @@ void GameFrame::Form_Load() {
 
     const int screenW = prog_.platform.screenWidthTwips();
     const int screenH = prog_.platform.screenHeightTwips();
+    // A screen smaller than the window (1024 by 768 at 200%) gets a window it can show whole.
+    if (width() > screenW || height() > screenH)
+        setSize(std::min(width(), screenW), std::min(height(), screenH));
     setPosition(std::max(0, (screenW - width()) / 2), std::max(0, (screenH - height()) / 2));
     setMousePointer(MousePointer::Default);
 }
