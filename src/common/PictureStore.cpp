@@ -55,6 +55,11 @@ std::string PictureStore::picture(const std::string& key) const {
     return s ? pictures_[s] : std::string();
 }
 
+int PictureStore::designOnShow() const {
+    const int slot = slotOf("BACK");  // the middle slot of its design's three
+    return slot >= 1 && slot <= 12 ? (slot - 1) / 3 + 1 : 0;
+}
+
 void PictureStore::selectDesign(int design) {
     if (design < 1 || design > 4)
         return;

@@ -25,6 +25,8 @@ public:
     // The back design in the picture store's own numbering: 1 Palm Tree, 2 Magic Hands,
     // 3 Night Castle, 4 Hot Cards. Clears slots 1-12 and keys the design's three slots.
     void selectDesign(int design);
+    // The design whose back "BACK" finds now, 0 when none has it.
+    int designOnShow() const;
 
 private:
     std::array<std::string, kSlots + 1> pictures_;

@@ -1,5 +1,7 @@
 #include "platform/Platform.h"
 
+#include <algorithm>
+
 namespace corvanna {
 
 const char* msgIconName(MsgIcon icon) {
@@ -21,6 +23,17 @@ const char* msgResultName(MsgResult r) {
         case MsgResult::No: return "No";
     }
     return "OK";
+}
+
+void ShrinkToScreen(Form& form, Platform& platform) {
+    const int screenW = platform.screenWidthTwips(), screenH = platform.screenHeightTwips();
+    if (form.width() > screenW || form.height() > screenH)
+        form.setSize(std::min(form.width(), screenW), std::min(form.height(), screenH));
+}
+
+void CentreOnScreen(Form& form, Platform& platform) {
+    form.setPosition(std::max(0, (platform.screenWidthTwips() - form.width()) / 2),
+                     std::max(0, (platform.screenHeightTwips() - form.height()) / 2));
 }
 
 }  // namespace corvanna

@@ -81,4 +81,9 @@ public:
     std::function<void(Form&)> onCloseRequest;
 };
 
+// A form larger than the screen is made the screen's size: for forms whose layout scales.
+void ShrinkToScreen(Form& form, Platform& platform);
+// Centres the form on the screen, never further left or up than its edge.
+void CentreOnScreen(Form& form, Platform& platform);
+
 }  // namespace corvanna

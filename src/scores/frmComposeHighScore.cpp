@@ -154,8 +154,7 @@ std::string frmComposeHighScore::topScoreText() const {
 
 void frmComposeHighScore::Form_Load() {
     const auto& g = prog_.state;
-    setPosition(std::max(0, (prog_.platform.screenWidthTwips() - width()) / 2),
-                std::max(0, (prog_.platform.screenHeightTwips() - height()) / 2));
+    CentreOnScreen(*this, prog_.platform);
     setCaption("High score submission for " + g.AppTitle);
     lblInfo.setCaption(
         "Please verify the information below. After making any changes click on the "

@@ -32,8 +32,7 @@ frmHiScoreName::frmHiScoreName(Program& prog)
 
 void frmHiScoreName::Form_Load() {
     const AppState& g = prog_.state;
-    setPosition(std::max(0, (prog_.platform.screenWidthTwips() - width()) / 2),
-                std::max(0, (prog_.platform.screenHeightTwips() - height()) / 2));
+    CentreOnScreen(*this, prog_.platform);
     setCaption(g.AppTitle);
     lblInfo.setCaption("Great score! Please enter your name so we can induct you into the " +
                        g.AppTitle + " Hall of Fame:");

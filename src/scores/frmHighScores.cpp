@@ -171,8 +171,7 @@ void frmHighScores::setRowColors(int row, bool isNew) {
 
 void frmHighScores::Form_Load() {
     auto& g = prog_.state;
-    setPosition(std::max(0, (prog_.platform.screenWidthTwips() - width()) / 2),
-                std::max(0, (prog_.platform.screenHeightTwips() - height()) / 2));
+    CentreOnScreen(*this, prog_.platform);
     lblHiScoreInfo.setCaption("");
     setCaption(g.AppTitle + " Hall of Fame (" + std::to_string(g.RoundSeconds) + " secs)");
     lblBanner.setCaption(g.AppTitle + " Hall of Fame");

@@ -1,7 +1,5 @@
 #include "shell/frmAbout.h"
 
-#include <algorithm>
-
 #include "common/Format.h"
 
 namespace corvanna {
@@ -29,8 +27,7 @@ frmAbout::frmAbout(Program& prog)
 
 void frmAbout::Form_Load() {
     const auto& g = prog_.state;
-    setPosition(std::max(0, (prog_.platform.screenWidthTwips() - width()) / 2),
-                std::max(0, (prog_.platform.screenHeightTwips() - height()) / 2));
+    CentreOnScreen(*this, prog_.platform);
     setCaption("About " + g.AppTitle);
     lblInfo.setCaption(g.AppTitle +
                        "\nPart of The Corvanna Collection, version 7.0.\n"

@@ -65,12 +65,9 @@ void frmSelect::Form_Load() {
     g.UserState = "None";
     g.UserCountry = "United States";
 
-    const int screenW = prog_.platform.screenWidthTwips();
-    const int screenH = prog_.platform.screenHeightTwips();
     // A screen smaller than the selector gets all of it, scaled down.
-    if (width() > screenW || height() > screenH)
-        setSize(std::min(width(), screenW), std::min(height(), screenH));
-    setPosition(std::max(0, (screenW - width()) / 2), std::max(0, (screenH - height()) / 2));
+    ShrinkToScreen(*this, prog_.platform);
+    CentreOnScreen(*this, prog_.platform);
     setCaption("The Corvanna Collection");
 
     const auto& games = allGames();

@@ -86,8 +86,9 @@ TEST(Keys, EnterAndEscapeInEveryDialog) {
                         reached = name + ".KeyEnter", was();
                     };
             }
-            if (*c.focus)
+            if (*c.focus) {
                 ASSERT_TRUE(userFocus(*f.find(c.focus)));
+            }
             t.fake.queueAnswer(MsgResult::OK);
             std::string why;
             EXPECT_TRUE(userKey(f, c.key, &why)) << why;

@@ -94,6 +94,13 @@ void EmptyClock(GameFrame& form) {
     DrawClock(0, form);
 }
 
+void ClearClock(GameFrame& form) {
+    form.Timer2.stop();
+    form.program().state.ClockSeconds = 0;
+    form.Surface.Cls();
+    form.Surface.endPaint();
+}
+
 void ShowSecondsLeft(GameFrame& f) {
     const auto& g = f.program().state;
     f.lblTime.setCaption("Time: " + std::to_string(g.RoundSeconds - g.ElapsedSeconds));

@@ -13,6 +13,8 @@ void DrawClock(int angle, GameFrame& form);
 // The round's clock emptied for good: no slice, no blink, and a resize keeps it so until
 // the next deal draws it again.
 void EmptyClock(GameFrame& form);
+// The clock taken away (End Game): the surface cleared, no blink, and a resize keeps it so.
+void ClearClock(GameFrame& form);
 // lblTime: "Time: " and the seconds left, as the clock runs on through a speed bonus.
 void ShowSecondsLeft(GameFrame& form);
 // After a resize: the new centre and radius, the same picture.

@@ -118,7 +118,7 @@ void GameFrame::Form_Resize() {
     }
     if (minimised_) {
         minimised_ = false;
-        if (g_.GameInProgress && !isPaused() && !g_.TakingScore) {
+        if (roundRunning()) {
             StartRoundTimers();
             if (g_.MusicOn)
                 StartMusic();

@@ -64,24 +64,25 @@ void GameFrame::ClearDeckCheck() {
             m->setChecked(false);
 }
 
+Menu* GameFrame::DesignMenu(int design) const {
+    Menu* const byDesign[] = {mnuPalm, mnuMagic, mnuNight, mnuHot};
+    return design >= 1 && design <= 4 ? byDesign[design - 1] : nullptr;
+}
+
 void GameFrame::CheckDesignOnShow() {
     if (!mnuDeck)
         return;
-    const int slot = prog_.pictures.slotOf("BACK");  // 2, 5, 8 or 11
     ClearDeckCheck();
-    if (slot >= 2 && slot <= 11) {
-        Menu* byDesign[] = {mnuPalm, mnuMagic, mnuNight, mnuHot};
-        byDesign[(slot + 1) / 3 - 1]->setChecked(true);
-    }
+    if (Menu* m = DesignMenu(prog_.pictures.designOnShow()))
+        m->setChecked(true);
 }
 
 void GameFrame::SelectDeckBack(int deckBack) {
     if (!mnuDeck || deckBack < 1 || deckBack > 4)
         return;
     const int design = info_.deckDesigns[static_cast<std::size_t>(deckBack - 1)];
-    Menu* byDesign[] = {mnuPalm, mnuMagic, mnuNight, mnuHot};
     ClearDeckCheck();
-    byDesign[design - 1]->setChecked(true);
+    DesignMenu(design)->setChecked(true);
     prog_.pictures.selectDesign(design);
     RefreshPlayCard();
     if (isPaused())

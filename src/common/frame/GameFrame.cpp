@@ -1,6 +1,5 @@
 #include "common/frame/GameFrame.h"
 
-#include <algorithm>
 #include <filesystem>
 
 #include "common/FileStore.h"
@@ -148,12 +147,10 @@ void GameFrame::buildMenus() {
         mnuMagic = &addMenu("mnuMagic", "&Magic Hands", mnuDeck);
         mnuNight = &addMenu("mnuNight", "&Night Castle", mnuDeck);
         mnuHot = &addMenu("mnuHot", "&Hot Cards", mnuDeck);
-        Menu* byDesign[] = {mnuPalm, mnuMagic, mnuNight, mnuHot};
         // Each game numbers the designs its own way; the menu sets that number.
-        for (int deckBack = 1; deckBack <= 4; ++deckBack) {
-            Menu* m = byDesign[info_.deckDesigns[static_cast<std::size_t>(deckBack - 1)] - 1];
-            m->Click = [this, deckBack] { SelectDeckBack(deckBack); };
-        }
+        for (int deckBack = 1; deckBack <= 4; ++deckBack)
+            DesignMenu(info_.deckDesigns[static_cast<std::size_t>(deckBack - 1)])->Click =
+                [this, deckBack] { SelectDeckBack(deckBack); };
     }
 }
 
@@ -189,8 +186,7 @@ void GameFrame::wireHandlers() {
         // starts it, and after the last round nothing does.
         if (!g_.MusicOn && g_.GameInProgress)
             StopMusic();
-        else if (g_.MusicOn && g_.GameInProgress && !isPaused() && !g_.TakingScore &&
-                 !endingRound())
+        else if (g_.MusicOn && roundRunning() && !endingRound())
             StartMusic();
     };
     mnuSounds.Click = [this] {
@@ -277,12 +273,9 @@ void GameFrame::Form_Load() {
     cmdExit.setCaption(info_.exitCaption);
     cmdExit.setToolTipText(info_.exitTip);
 
-    const int screenW = prog_.platform.screenWidthTwips();
-    const int screenH = prog_.platform.screenHeightTwips();
     // A screen smaller than the window (1024 by 768 at 200%) gets a window it can show whole.
-    if (width() > screenW || height() > screenH)
-        setSize(std::min(width(), screenW), std::min(height(), screenH));
-    setPosition(std::max(0, (screenW - width()) / 2), std::max(0, (screenH - height()) / 2));
+    ShrinkToScreen(*this, prog_.platform);
+    CentreOnScreen(*this, prog_.platform);
     setMousePointer(MousePointer::Default);
 }
 

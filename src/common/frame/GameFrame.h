@@ -111,6 +111,8 @@ public:
     void ClearDeckCheck();
     // The Deck menu's check on the design the picture store shows now.
     void CheckDesignOnShow();
+    // The Deck menu's entry of a design in the picture store's numbering, nullptr for none.
+    Menu* DesignMenu(int design) const;
     // Runs a modal dialog, pausing the round round it as the game does.
     void RunPausingDialog(const std::function<void()>& dialog);
     // The way back: the unload question, and on Yes the selector.
@@ -124,7 +126,8 @@ public:
     // made by the restore, unless the game is paused by then.
     void StartRoundTimers();
     void StopRoundTimers();
-    bool minimised() const { return minimised_; }
+    // A round is on and its clock may run: neither paused nor being scored.
+    bool roundRunning() const { return g_.GameInProgress && !isPaused() && !g_.TakingScore; }
 
     // Flashes the message label red and black, 250 ms a swap.
     void FlashMessage(int times);

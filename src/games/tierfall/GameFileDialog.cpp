@@ -1,7 +1,5 @@
 #include "games/tierfall/GameFileDialog.h"
 
-#include <algorithm>
-
 namespace corvanna {
 
 namespace {
@@ -30,8 +28,7 @@ GameFileDialog::GameFileDialog(Program& prog, const std::string& name, const std
       prog_(prog) {
     setCaption(caption);
     setBounds(0, 0, 6900, height);
-    setPosition(std::max(0, (prog.platform.screenWidthTwips() - width()) / 2),
-                std::max(0, (prog.platform.screenHeightTwips() - height) / 2));
+    CentreOnScreen(*this, prog.platform);
     lblGameName.move(120, 840, 3000, 240);
     txtGameName.move(120, 1080, 3000, 315);
     File1.move(120, 1440, 3000, 2160);

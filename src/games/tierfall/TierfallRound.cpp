@@ -179,11 +179,9 @@ void frmTierfall::EndGame() {
 
     lblHighScore.setVisible(false);
     StopRoundTimers();
-    Timer2.stop();
     g_.ElapsedSeconds = 0;
-    g_.ClockSeconds = 0;
     lblTime.setCaption("Time:");
-    Surface.Cls();
+    ClearClock(*this);
     CardTotalVisible(false);
     SelRectangle(false);
 

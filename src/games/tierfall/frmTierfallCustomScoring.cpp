@@ -1,7 +1,5 @@
 #include "games/tierfall/frmTierfallCustomScoring.h"
 
-#include <algorithm>
-
 #include "common/Format.h"
 #include "common/ScoringFields.h"
 #include "games/tierfall/frmTierfall.h"
@@ -91,8 +89,7 @@ frmTierfallCustomScoring::frmTierfallCustomScoring(Program& prog, frmTierfall& g
 void frmTierfallCustomScoring::Form_Load() {
     const AppState& g = prog_.state;
     const TierfallValues& t = g.Tierfall;
-    setPosition(std::max(0, (prog_.platform.screenWidthTwips() - width()) / 2),
-                std::max(0, (prog_.platform.screenHeightTwips() - height()) / 2));
+    CentreOnScreen(*this, prog_.platform);
     setCaption(g.AppTitle + " User Options");
     frmScoringOptions.setCaption(g.AppTitle + " Scoring Options");
     lblElevenBonus.setCaption(combinationLabel(t.CardGoal));
