@@ -42,6 +42,12 @@ std::vector<GameInfo> makeGames() {
     t.bonusRoundSound = "HighScore.wav";
     t.defaultBonusRoundScore = 80000;
     t.playQuitQuestion = "You have a game in progress, are you sure you want to quit now?";
+    t.menuQuitQuestion = "You have a game in progress, are you sure you want to restart now?";
+    t.quitPausesFirst = true;
+    t.menuStartsNoTune = true;
+    t.gameOverStatus = "Game over";
+    t.gameOverInMiddle = true;
+    t.gameOverStays = false;
     t.unloadPausesFirst = true;
     t.dialogPause = DialogPause::ByPauseButton;
     t.settingsKeys = {"Color", "Play Music", "Time", "DrawTimer", "Play Sounds", "CardGoal",
@@ -216,6 +222,7 @@ std::vector<GameInfo> makeGames() {
     g.bonusRoundText = "Bonus round!";
     g.bonusRoundSound = "HighScore.wav";
     g.flashesBeforeRound = 10;
+    g.countUp.speedTimesRoundPoints = true;
     g.defaultBonusRoundScore = 100000;
     g.defaultTimeBonus = 1;
     g.minWidth = 9540;
@@ -271,6 +278,7 @@ std::vector<GameInfo> makeGames() {
     c.nextRoundText = "Prepare For Round %n";
     c.bonusRoundText = "Prepare For Bonus Round";
     c.bonusRoundSound = "";
+    c.countUp.speedMessageLeftOfScoring = 100;
     c.defaultBonusRoundScore = 100000;
     c.defaultTimeBonus = 200;
     c.minWidth = c.maximisedWidth = 9540;
@@ -290,6 +298,7 @@ std::vector<GameInfo> makeGames() {
                     {75, "&75 seconds"},  {90, "&90 seconds"},           {105, "&105 seconds"},
                     {120, "1&20 seconds"}};
     l.deckDesigns.clear();
+    l.countUp.scoringInMiddle = false;
     l.endGameTip = "Ends the current game";
     l.defaultBonusRoundScore = 250000;
     l.minWidth = l.maximisedWidth = 9570;
@@ -311,6 +320,8 @@ std::vector<GameInfo> makeGames() {
                     {120, "1&20 Seconds"}};
     w.deckDesigns = {1, 3, 2, 4};
     w.scoreLabel = "lblTotalScore";
+    w.countUp.speedMessageAboveMiddle = 800;
+    w.countUp.countMessageRaise = 800;
     w.defaultBonusRoundScore = 5000000;
     w.playQuitQuestion = "You have a game in progress, are you sure you want to quit now?";
     w.unloadPausesFirst = true;

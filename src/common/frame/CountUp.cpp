@@ -11,9 +11,6 @@ namespace corvanna {
 
 namespace {
 
-constexpr Color kCountingScore = 0x00FFFF;  // the score label while it runs up
-constexpr Color kRestingScore = 0x0000FF;
-
 void showScore(GameFrame& f) {
     f.lblCurrentScore.setCaption(formatScore(f.program().state.Score));
     f.lblCurrentScore.refresh();
@@ -49,18 +46,18 @@ void payStep(GameFrame& f, std::int64_t& total, std::int64_t stepValue) {
 void endCountUp(GameFrame& f) {
     if (f.lblScoring)
         f.lblScoring->setVisible(false);
-    f.lblCurrentScore.setForeColor(kRestingScore);
+    f.lblCurrentScore.setForeColor(f.info().countUp.restingScore);
 }
 
 }  // namespace
 
 void SpeedBonus(GameFrame& f, std::int32_t secondValue) {
     auto& g = f.program().state;
+    const CountUpLook& look = f.info().countUp;
     const int left = g.RoundSeconds - g.ElapsedSeconds;
-    const bool gridflush = f.info().id == "gridflush";
     std::int64_t total = static_cast<std::int64_t>(left) * secondValue;
     std::int64_t stepValue = secondValue;
-    if (gridflush) {
+    if (look.speedTimesRoundPoints) {
         total *= f.RoundPoints();
         stepValue = left > 0 ? roundHalfEven(static_cast<double>(total) / left) : total;
     } else {
@@ -68,22 +65,19 @@ void SpeedBonus(GameFrame& f, std::int32_t secondValue) {
     }
     f.lblMessage.setVisible(true);
     f.lblMessage.refresh();
-    f.lblCurrentScore.setForeColor(kCountingScore);
+    f.lblCurrentScore.setForeColor(look.countingScore);
 
     if (f.lblScoring) {
         Control& scoring = *f.lblScoring;
         scoring.setCaption(formatScore(total));
         scoring.setForeColor(colors::Red);
-        if (f.info().id == "wildslot") {
+        if (look.scoringInMiddle)
             centreOnForm(f, scoring);
-            f.lblMessage.setTop(f.scaleHeight() / 2 - 800);
-        } else if (f.info().id == "colclear") {
-            centreOnForm(f, scoring);
-            f.lblMessage.setLeft(scoring.left() - 100 - f.lblMessage.width());
-        } else if (f.info().id != "lettermine") {
-            // Gridflush's outline box comes with its board; until then the form's middle.
-            centreOnForm(f, scoring);
-        }
+        if (look.speedMessageAboveMiddle >= 0)
+            f.lblMessage.setTop(f.scaleHeight() / 2 - look.speedMessageAboveMiddle);
+        if (look.speedMessageLeftOfScoring >= 0)
+            f.lblMessage.setLeft(scoring.left() - look.speedMessageLeftOfScoring -
+                                 f.lblMessage.width());
         scoring.setVisible(true);
         scoring.refresh();
     }
@@ -106,15 +100,16 @@ void SpeedBonus(GameFrame& f, std::int32_t secondValue) {
 void CountBonus(GameFrame& f, std::int32_t count, std::int32_t value, const std::string& label) {
     auto& g = f.program().state;
     std::int64_t total = static_cast<std::int64_t>(count) * value;
+    const CountUpLook& look = f.info().countUp;
     f.lblMessage.setCaption(label + "!");
-    if (f.info().id == "wildslot")
-        f.lblMessage.setTop(f.lblMessage.top() - 800);
+    if (look.countMessageRaise != 0)
+        f.lblMessage.setTop(f.lblMessage.top() - look.countMessageRaise);
     f.lblMessage.setVisible(true);
     f.lblMessage.refresh();
-    f.lblCurrentScore.setForeColor(kCountingScore);
+    f.lblCurrentScore.setForeColor(look.countingScore);
     if (f.lblScoring) {
         f.lblScoring->setCaption(formatScore(total));
-        if (f.info().id != "lettermine")
+        if (look.scoringInMiddle)
             centreOnForm(f, *f.lblScoring);
         f.lblScoring->setForeColor(colors::Red);
         f.lblScoring->setVisible(true);
@@ -135,6 +130,60 @@ void CountBonus(GameFrame& f, std::int32_t count, std::int32_t value, const std:
         addToScore(f, total);
     }
     endCountUp(f);
+}
+
+void PayInSteps(GameFrame& f, const Payment& p) {
+    auto& g = f.program().state;
+    Control& message = f.lblMessage;
+    const std::int64_t total = g.CountDownScore ? p.step * p.steps : p.atOnce;
+    message.setCaption(p.text(total));
+    message.setVisible(true);
+    message.refresh();
+    f.lblCurrentScore.setForeColor(f.info().countUp.countingScore);
+    f.lblCurrentScore.refresh();
+    f.program().platform.sleep(ms::PaymentShown);
+    if (g.CountDownScore) {
+        std::int64_t left = total;
+        for (int i = 0; i < p.steps; ++i) {
+            if (p.eachStep)
+                p.eachStep();
+            addToScore(f, p.step);
+            left -= p.step;
+            message.setCaption(p.text(left));
+            message.refresh();
+            f.PlayWaveFile("Snap.wav");
+            f.program().platform.sleep(ms::CountUpStep);
+        }
+        message.setCaption("");
+        message.refresh();
+        f.program().platform.sleep(ms::PaymentSettle);
+    } else {
+        if (p.whole)
+            p.whole();
+        addToScore(f, p.atOnce);
+    }
+    f.program().platform.sleep(ms::PaymentAfter);
+}
+
+void PaySecondsLeft(GameFrame& f, std::int32_t secondValue, const std::string& label) {
+    auto& g = f.program().state;
+    const int left = g.RoundSeconds - g.ElapsedSeconds;
+    Payment p;
+    p.text = [label](std::int64_t amount) { return label + formatScore(amount); };
+    p.step = secondValue;
+    p.steps = left;
+    p.atOnce = static_cast<std::int64_t>(left) * secondValue;
+    p.eachStep = [&f, &g] {
+        g.ElapsedSeconds = static_cast<std::int16_t>(g.ElapsedSeconds + 1);
+        g.ClockSeconds = static_cast<std::int16_t>(g.ClockSeconds + 1);
+        DrawClock(static_cast<int>(roundHalfEven(360.0 / g.RoundSeconds * g.ElapsedSeconds)), f);
+        ShowSecondsLeft(f);
+    };
+    p.whole = [&f, &g] {
+        g.ElapsedSeconds = g.RoundSeconds;
+        EmptyClock(f);
+    };
+    PayInSteps(f, p);
 }
 
 }  // namespace corvanna

@@ -8,10 +8,7 @@ namespace corvanna {
 void GameFrame::Pause() {
     if (cmdPause.caption() != "&Resume") {
         cmdPause.setToolTipText("Resumes the current game");
-        lblMessage.setForeColor(colors::Red);
-        lblMessage.setCaption("Game Paused");
-        if (g_.GameInProgress)
-            lblMessage.setVisible(true);
+        ShowPauseMessage(true);
         StopRoundTimers();
         cmdPause.setCaption("&Resume");
         mnuPause.setCaption("&Resume");
@@ -22,8 +19,7 @@ void GameFrame::Pause() {
             StopMusic();
     } else {
         cmdPause.setToolTipText(info_.pauseTip);
-        lblMessage.setVisible(false);
-        lblMessage.setCaption("");
+        ShowPauseMessage(false);
         cmdPause.setCaption(info_.pauseCaption);
         mnuPause.setCaption(info_.pauseCaption);
         EnableLeavingCommands(true);
@@ -31,6 +27,18 @@ void GameFrame::Pause() {
         StartRoundTimers();
         if (g_.MusicOn && g_.GameInProgress)
             StartMusic();
+    }
+}
+
+void GameFrame::ShowPauseMessage(bool paused) {
+    if (paused) {
+        lblMessage.setForeColor(colors::Red);
+        lblMessage.setCaption("Game Paused");
+        if (g_.GameInProgress)
+            lblMessage.setVisible(true);
+    } else {
+        lblMessage.setVisible(false);
+        lblMessage.setCaption("");
     }
 }
 
@@ -89,6 +97,7 @@ void GameFrame::Form_Unload(bool& cancel) {
 
 void GameFrame::LeaveForm() {
     WriteSettings();
+    Leaving();
     StopRoundTimers();
     Timer2.stop();
     Timer4.stop();

@@ -10,60 +10,113 @@
 
 namespace corvanna {
 
-void GameFrame::Play() {
+void GameFrame::PlayCommand(bool fromMenu) {
+    if (cmdPlay.caption() == "&Play") {
+        menuCommand_ = fromMenu;
+        StartGame();
+        return;
+    }
+    if (g_.GameInProgress && ConfirmQuit(fromMenu))
+        EndGameWithoutScore();
+}
+
+bool GameFrame::StartGame() {
     setMousePointer(MousePointer::Hourglass);
+    bool ok = false;
     try {
-        if (cmdPlay.caption() == "&Play") {
-            Timer4.stop();
-            frmSplash.setVisible(false);
-            g_.GameInProgress = true;
-            g_.RoundNumber = 1;
-            g_.Score = 0;
-            lblCurrentScore.setCaption("0");
-            InitRound();
-        } else if (prog_.msg(info_.playQuitQuestion, MsgButtons::YesNo, MsgIcon::Question) ==
-                   MsgResult::Yes) {
-            EndGameWithoutScore();
-        }
-    } catch (const std::exception& e) {
-        // Nothing sensible can go on after a failure here.
-        prog_.msg(e.what(), MsgButtons::OK, MsgIcon::Critical);
-        prog_.platform.quit();
+        Timer4.stop();
+        frmSplash.setVisible(false);
+        g_.GameInProgress = true;
+        NewGame();
+        g_.RoundNumber = 1;
+        g_.Score = 0;
+        lblCurrentScore.setCaption("0");
+        ok = InitRound();
+    } catch (const std::exception&) {
+        FailToPlay();
     }
     setMousePointer(MousePointer::Default);
+    return ok;
+}
+
+void GameFrame::FailToPlay() {
+    StopRoundTimers();
+    g_.TakingScore = false;
+    if (g_.MusicOn)
+        StopMusic();
+    prog_.msg("Unknown Error! Unable to play " + g_.AppTitle, MsgButtons::OKCancel,
+              MsgIcon::Critical);
+    setMousePointer(MousePointer::Default);
+    UnloadWithoutQuestion();
+}
+
+bool GameFrame::ConfirmQuit(bool fromMenu) {
+    bool pausedHere = false;
+    if (info_.quitPausesFirst && !isPaused()) {
+        Pause();
+        pausedHere = true;
+    }
+    const std::string& question = fromMenu && !info_.menuQuitQuestion.empty()
+                                      ? info_.menuQuitQuestion
+                                      : info_.playQuitQuestion;
+    const bool yes = prog_.msg(question, MsgButtons::YesNo, MsgIcon::Question) == MsgResult::Yes;
+    // A game that is ending is resumed without its tune.
+    if (yes)
+        g_.GameInProgress = false;
+    if (pausedHere && isPaused())
+        Pause();
+    return yes;
 }
 
 void GameFrame::EndGameWithoutScore() {
-    mnuTime.setEnabled(true);
-    mnuCustom.setEnabled(true);
+    g_.GameInProgress = false;
     cmdPlay.setToolTipText("Starts a new game");
     cmdPlay.setCaption("&Play");
     mnuPlay.setCaption("&Play");
-    g_.GameInProgress = false;
-    ShowCards(false);
-    ShowControls(true, true);
+    EnableGameOptions(true);
+    ClearBoardAtQuit();
     EnableTakeScore(false);
     cmdPause.setEnabled(false);
     mnuPause.setEnabled(false);
     StopRoundTimers();
     Timer2.stop();  // the clock stands still on the idle form
+    EnterIdle(false);
     frmSplash.setVisible(true);
     Timer4.start();
     if (g_.MusicOn)
         StopMusic();
 }
 
-void GameFrame::InitRound() {
+void GameFrame::ClearBoardAtQuit() {
+    ShowCards(false);
+    ShowControls(true, true);
+}
+
+bool GameFrame::DealRound() {
+    return CreateDeck(prog_) && ShuffleDeck(prog_) && Deal();
+}
+
+bool GameFrame::InitRound() {
     prog_.platform.doEvents();
-    if (!CreateDeck(prog_) || !ShuffleDeck(prog_))
-        return;
-    Deal();
+    bool dealt = false;
+    try {
+        dealt = DealRound();
+    } catch (const std::exception&) {
+        dealt = false;
+    }
+    if (!dealt) {
+        FailToPlay();
+        return false;
+    }
+    // The deal ends with the goal lines over an empty message.
+    lblMessage.setVisible(false);
+    lblMessage.setCaption("");
+    SetStatus(1, "Make " + formatScore(g_.BonusRoundScore) + info_.bonusLine);
+    SetStatus(2, RoundHint());
 
     g_.ElapsedSeconds = 0;
     g_.ClockSeconds = 0;
     g_.TakingScore = false;
-    lblMessage.setCaption("");
-    lblMessage.setVisible(false);
     lblTime.setCaption("Time: " + std::to_string(g_.RoundSeconds));
     if (lblCurrentRound)
         lblCurrentRound->setCaption(currentRoundCaption());
@@ -75,19 +128,26 @@ void GameFrame::InitRound() {
     cmdPlay.setToolTipText(info_.endGameTip);
     cmdPause.setEnabled(true);
     mnuPause.setEnabled(true);
+    if (cmdTakeScore) {
+        cmdTakeScore->setCaption("&Take Score");
+        cmdTakeScore->setToolTipText(info_.takeScoreTip);
+    }
+    if (mnuTakeScore)
+        mnuTakeScore->setCaption("&Take Score");
     EnableTakeScore(true);
-    mnuTime.setEnabled(false);
-    mnuCustom.setEnabled(false);
+    EnableGameOptions(false);
     ShowControls(true, true);
     ShowCards(true);
 
-    // The end of the deal: the clock and the goal lines.
+    // A clock left blinking by the last round stops with the new one.
+    Timer2.stop();
     InitClock(*this);
-    StartRoundTimers();
-    SetStatus(1, "Make " + formatScore(g_.BonusRoundScore) + info_.bonusLine);
-    SetStatus(2, info_.hintLine);
-    if (g_.MusicOn)
+    if (ClockRunsFromDeal())
+        StartRoundTimers();
+    const bool bonusRound = g_.RoundNumber > info_.normalRounds;
+    if (g_.MusicOn && (bonusRound || !(info_.menuStartsNoTune && menuCommand_)))
         StartMusic();
+    return true;
 }
 
 void GameFrame::Timer1_Timer() {
@@ -104,20 +164,25 @@ void GameFrame::Timer1_Timer() {
         SetStatus(2, "Times running out!");
     else if (left < quarter)
         SetStatus(2, "Better Hurry!");
+    RoundTick();
+    if (g_.ElapsedSeconds == g_.RoundSeconds)
+        TimeOut();
+}
 
-    if (g_.ElapsedSeconds == g_.RoundSeconds) {
-        endingRound_ = true;
-        StopRoundTimers();
-        HideBoardAtTimeOut();
-        lblMessage.setCaption("Times Up!");
-        lblMessage.setVisible(true);
-        SetStatus(2, "Time has expired!");
-        FlashMessage(ms::FlashesAtTimeOut);
-        TakeScoreAtTimeOut();
-        endingRound_ = false;
-        if (lblMessage.caption() != "Game Over")
-            lblMessage.setVisible(false);
-    }
+void GameFrame::TimeOut() {
+    endingRound_ = true;
+    StopRoundTimers();
+    HideBoardAtTimeOut();
+    lblMessage.setCaption("Times Up!");
+    lblMessage.setVisible(true);
+    SetStatus(2, "Time has expired!");
+    FlashMessage(info_.flashesAtTimeOut);
+    menuCommand_ = false;
+    if (!g_.TakingScore)
+        RunEndOfRound();
+    endingRound_ = false;
+    if (lblMessage.caption() != "Game Over")
+        lblMessage.setVisible(false);
 }
 
 void GameFrame::Timer2_Timer() {
@@ -145,15 +210,25 @@ void GameFrame::EnableCommands(bool enabled) {
     mnuPause.setEnabled(enabled);
 }
 
+void GameFrame::EnableGameOptions(bool enabled) {
+    mnuTime.setEnabled(enabled);
+    mnuCustom.setEnabled(enabled);
+}
+
 void GameFrame::HideBoardAtTimeOut() {
     ShowCards(false);
     HideSelection();
 }
 
-void GameFrame::cmdTakeScore_Click() {
-    // A Take Score that was queued behind the scoring is ignored.
-    if (g_.TakingScore)
+void GameFrame::TakeScoreCommand(bool fromMenu) {
+    if (cmdTakeScore && cmdTakeScore->caption() != "&Take Score") {
+        IdleTakeScoreCommand();
         return;
+    }
+    // A Take Score that was queued behind the scoring is ignored.
+    if (g_.TakingScore || !g_.GameInProgress)
+        return;
+    menuCommand_ = fromMenu;
     RunEndOfRound();
 }
 
@@ -168,12 +243,18 @@ void GameFrame::RunEndOfRound() {
 void GameFrame::TakeScore() {
     g_.TakingScore = true;
     StopRoundTimers();
-    EnableCommands(false);
+    setMousePointer(MousePointer::Hourglass);
     if (g_.MusicOn)
         StopMusic();
+    EnableCommands(false);
     AwardRoundBonuses();
+    // Clicks made during the payments arrive while TakingScore still keeps them out.
+    prog_.platform.doEvents();
+    g_.TakingScore = false;
     g_.RoundNumber = static_cast<std::int16_t>(g_.RoundNumber + 1);
     NextRoundOrGameOver();
+    AfterRoundEnd();
+    setMousePointer(MousePointer::Default);
 }
 
 void GameFrame::NextRoundOrGameOver() {
@@ -188,17 +269,21 @@ void GameFrame::NextRoundOrGameOver() {
                                                         : info_.roundText(next));
         lblMessage.setVisible(true);
         FlashMessage(info_.flashesBeforeRound);
-        EnableCommands(true);
         lblMessage.setVisible(false);
+        EnableCommands(true);
         InitRound();
         return;
     }
     GameOver();
     lblMessage.setForeColor(colors::Red);
     lblMessage.setCaption("Game Over");
+    if (info_.gameOverInMiddle)
+        lblMessage.setTop((scaleHeight() - lblMessage.height()) / 2);
     lblMessage.setVisible(true);
     lblMessage.refresh();
     prog_.platform.sleep(ms::GameOverWait);
+    if (!info_.gameOverStays)
+        lblMessage.setVisible(false);
     frmSplash.setVisible(true);
     Timer4.start();
     setMousePointer(MousePointer::Default);
@@ -208,6 +293,7 @@ void GameFrame::NextRoundOrGameOver() {
     cmdExit.setEnabled(true);
     mnuPlay.setEnabled(true);
     mnuExit.setEnabled(true);
+    EnterIdle(true);
 }
 
 void GameFrame::GameOver() {
@@ -217,20 +303,24 @@ void GameFrame::GameOver() {
     cmdPlay.setCaption("&Play");
     mnuPlay.setCaption("&Play");
     cmdPlay.setToolTipText("Starts a new game");
-    mnuCustom.setEnabled(true);
-    mnuTime.setEnabled(true);
+    EnableGameOptions(true);
     cmdPause.setEnabled(false);
     mnuPause.setEnabled(false);
     EnableTakeScore(false);
+    SetStatus(2, info_.gameOverStatus);
+    ClearBoardAtGameOver();
     if (g_.SkipHighScoreUpdate) {
         g_.SkipHighScoreUpdate = false;
         ShowHighScore();
     } else {
         RankFinalScore();
     }
-    ShowCards(false);
+}
+
+void GameFrame::ClearBoardAtGameOver() {
+    if (!info_.keepsBoardAtGameOver)
+        ShowCards(false);
     ShowControls(false, true);
-    SetStatus(2, "Game Over");
 }
 
 void GameFrame::RankFinalScore() {
@@ -248,7 +338,7 @@ void GameFrame::FlashMessage(int times) {
         lblMessage.setForeColor(lblMessage.foreColor() == colors::Red ? colors::Black
                                                                       : colors::Red);
         lblMessage.refresh();
-        prog_.platform.sleep(ms::MessageFlash);
+        prog_.platform.sleep(info_.flashMs);
     }
 }
 

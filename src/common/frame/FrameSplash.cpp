@@ -55,6 +55,7 @@ void GameFrame::SetTimeLimit(int seconds) {
     g_.RoundSeconds = static_cast<std::int16_t>(seconds);
     ClearTimeCheck();
     entry->setChecked(true);
+    TimeLimitChanged();
     ShowHighScore();
 }
 

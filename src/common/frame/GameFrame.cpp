@@ -161,14 +161,20 @@ void GameFrame::wireHandlers() {
                 (this->*handler)();
         };
     };
-    cmdPlay.Click = unlessEndingRound(&GameFrame::cmdPlay_Click);
-    mnuPlay.Click = unlessEndingRound(&GameFrame::mnuPlay_Click);
+    auto command = [this](void (GameFrame::*handler)(bool), bool fromMenu) {
+        return [this, handler, fromMenu] {
+            if (!endingRound())
+                (this->*handler)(fromMenu);
+        };
+    };
+    cmdPlay.Click = command(&GameFrame::PlayCommand, false);
+    mnuPlay.Click = command(&GameFrame::PlayCommand, true);
     cmdPause.Click = unlessEndingRound(&GameFrame::Pause);
     mnuPause.Click = unlessEndingRound(&GameFrame::Pause);
     if (cmdTakeScore)
-        cmdTakeScore->Click = unlessEndingRound(&GameFrame::cmdTakeScore_Click);
+        cmdTakeScore->Click = command(&GameFrame::TakeScoreCommand, false);
     if (mnuTakeScore)
-        mnuTakeScore->Click = unlessEndingRound(&GameFrame::mnuTakeScore_Click);
+        mnuTakeScore->Click = command(&GameFrame::TakeScoreCommand, true);
     auto leave = [this] {
         if (!endingRound())
             prog_.requestUnload(*this);

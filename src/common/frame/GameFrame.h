@@ -35,7 +35,11 @@ public:
     // Set by whoever opened the form: runs when the user has confirmed leaving.
     std::function<void()> onLeave;
 
-    // ---- Hooks a game overrides -------------------------------------------------
+    // ---- Hooks a game fills in ---------------------------------------------------
+    // The flows below (Play, the round start, the tick and time out, Take Score, the next
+    // round, the bonus round, game over, End Game, Pause, dialogs, minimise, leaving) are
+    // the frame's and are written once. A game changes a step of them only through these.
+    //
     // The game's own settings keys: a value to write (false when the key is not the game's)
     // and the readers of its keys.
     virtual bool GameSettingValue(const std::string& key, std::string& value) {
@@ -43,18 +47,51 @@ public:
         return false;
     }
     virtual void AddGameSettings(class SettingsReader& reader) { (void)reader; }
-    // Deals the board for a new round; the frame then starts the clock.
-    virtual void Deal() {}
+    // Play, before the first round: what a new game resets beyond Score and RoundNumber.
+    virtual void NewGame() {}
+    // The round's deck and deal, for RoundNumber: the usual makes and shuffles a new deck
+    // and calls Deal. A game without cards deals what it has. False: the game can't start
+    // (or go on), and the frame says so and closes the form.
+    virtual bool DealRound();
+    // Lays out the board from Deck (the usual round's last step of DealRound).
+    virtual bool Deal() { return true; }
+    // Whether the round clock runs from the deal; a game may start it on a move of its own.
+    virtual bool ClockRunsFromDeal() const { return true; }
+    // Panel 2 at the deal.
+    virtual std::string RoundHint() const { return info_.hintLine; }
     // Shows or hides the board's cards (game over, pause, time out).
     virtual void ShowCards(bool visible) { (void)visible; }
     // Shows or hides the round's boxes and lblHighScore; the score stays.
     virtual void ShowControls(bool visible, bool second);
     // Hides selection marks and running totals while paused or timed out.
     virtual void HideSelection() {}
-    // Ends the round: the frame's usual flow pays nothing and moves on.
-    virtual void TakeScore();
-    // Pays the round's bonuses inside TakeScore, before the round number moves on.
+    // What Pause shows: "Game Paused" in lblMessage, or the game's own.
+    virtual void ShowPauseMessage(bool paused);
+    // The menus that may change only between games: the time limit and the scoring dialog.
+    virtual void EnableGameOptions(bool enabled);
+    // What the tick adds after the clock moved, and before a time out is tested.
+    virtual void RoundTick() {}
+    // At a time out, before "Times Up!" flashes: the usual hides the board and its marks.
+    virtual void HideBoardAtTimeOut();
+    // Pays the round's bonuses inside Take Score, before the round number moves on.
     virtual void AwardRoundBonuses() {}
+    // The last step of Take Score, after the next round was dealt or the game ended.
+    virtual void AfterRoundEnd() {}
+    // Game over, after the final score was ranked: the usual hides the cards (unless the
+    // row keeps the board) and the round's boxes.
+    virtual void ClearBoardAtGameOver();
+    // End Game confirmed: the usual hides the cards and restores the boxes.
+    virtual void ClearBoardAtQuit();
+    // The form is idle again, after game over (true) or End Game (false).
+    virtual void EnterIdle(bool afterGameOver) { (void)afterGameOver; }
+    // Take Score clicked while it offers something else between games (a replay).
+    virtual void IdleTakeScoreCommand() {}
+    // RoundSeconds has changed (the time menu or the settings).
+    virtual void TimeLimitChanged() {}
+    // The player has said Yes to leaving: what the game writes besides its settings.
+    virtual void Leaving() {}
+    // The game's own timers that run and stand still with Timer1 (none in most games).
+    virtual std::vector<Timer*> GameRoundTimers() { return {}; }
     // Ranks the final score at game over in the current table, then refreshes lblHighScore.
     virtual void RankFinalScore();
     // lblHighScore from the current table: at load, on a new time limit, after a game.
@@ -68,25 +105,16 @@ public:
     virtual void LayoutBoard(int left, int top, int width, int height) {
         (void)left, (void)top, (void)width, (void)height;
     }
-    // The points earned in this round, by which Gridflush multiplies its speed bonus.
+    // The points earned in this round, by which a speed bonus may be multiplied.
     virtual std::int32_t RoundPoints() const { return 0; }
     // Sets the scoring values to the game's defaults and checks them (CustomScoring).
     virtual void SetGameDefaults() {}
     virtual void CheckForCustom() {}
     // Runs at load once the settings file has been read and CustomScoring set.
     virtual void SettingsApplied() {}
-    // The game's own timers that run and stand still with Timer1 (none in most games).
-    virtual std::vector<Timer*> GameRoundTimers() { return {}; }
-
-    // The commands: the usual Play for both Play commands, and the usual end of a round.
-    virtual void cmdPlay_Click() { Play(); }
-    virtual void mnuPlay_Click() { Play(); }
-    virtual void cmdTakeScore_Click();
-    virtual void mnuTakeScore_Click() { cmdTakeScore_Click(); }
-    // At a time out, before "Times Up!" flashes: the usual hides the board and its marks.
-    virtual void HideBoardAtTimeOut();
-    // At a time out, after the flashing: the usual runs the end of the round.
-    virtual void TakeScoreAtTimeOut() { RunEndOfRound(); }
+    // The round clock's tick; a game with a tick of its own replaces it whole and ends
+    // its round through TimeOut or Take Score.
+    virtual void Timer1_Timer();
 
     // ---- Settings (FrameSettings.cpp) --------------------------------------------
     // Reads the file and applies every key it knows; a missing file changes nothing.
@@ -96,11 +124,17 @@ public:
     std::string SettingsText();
     std::string settingsPath() const;
 
-    // ---- Shared behaviour --------------------------------------------------------
-    void Play();
-    void InitRound();
+    // ---- The flows ----------------------------------------------------------------
+    // cmdPlay and mnuPlay: a new game, or the question that ends the one in progress.
+    void PlayCommand(bool fromMenu);
+    // cmdTakeScore and mnuTakeScore: the end of the round, or what the game offers idle.
+    void TakeScoreCommand(bool fromMenu);
+    // The next round's start: the deal, the counters, the commands, the clock and the tune.
+    // False when the game could not go on (the form is closed by then).
+    bool InitRound();
     void Pause();
-    void Timer1_Timer();
+    // Time has run out: the board hidden, "Times Up!" flashed, and the round taken.
+    void TimeOut();
     void Timer2_Timer();
     void Timer3_Timer();
     void Timer4_Timer();
@@ -129,7 +163,7 @@ public:
     // A round is on and its clock may run: neither paused nor being scored.
     bool roundRunning() const { return g_.GameInProgress && !isPaused() && !g_.TakingScore; }
 
-    // Flashes the message label red and black, 250 ms a swap.
+    // Flashes the message label red and black, the row's period a swap.
     void FlashMessage(int times);
     void PlayWaveFile(const std::string& file);
     void StartMusic();
@@ -138,7 +172,7 @@ public:
     void ShowRoundBox(bool visible);
     void SetStatus(int panel, const std::string& text) { StatusBar1.setPanelText(panel, text); }
     std::string currentRoundCaption() const;
-    bool isPaused() const { return lblMessage.caption() == "Game Paused"; }
+    bool isPaused() const { return cmdPause.caption() == "&Resume"; }
 
     // ---- Controls every game form has -------------------------------------------
     Control& cmdPlay;
@@ -205,7 +239,9 @@ protected:
     void GameOver();
     // Quits a game on the player's Yes: nothing is recorded.
     void EndGameWithoutScore();
-    // Runs the game's TakeScore with held clicks kept out until the next round is dealt.
+    // Take Score: the clock stops, the bonuses are paid, and the game goes on or ends.
+    void TakeScore();
+    // Runs TakeScore with held clicks kept out until the next round is dealt.
     void RunEndOfRound();
     // True while a round is being ended and the next dealt: held clicks find nothing to do.
     // Once the game is over there is no round to protect, and they are taken as they come.
@@ -220,6 +256,10 @@ protected:
     const GameInfo& info_;
 
 private:
+    bool StartGame();
+    bool ConfirmQuit(bool fromMenu);
+    // A game that can't start or go on: said, and the form closed with nothing running.
+    void FailToPlay();
     void buildMenus();
     void wireHandlers();
     void layout();
@@ -239,6 +279,8 @@ private:
     bool splashUp_ = true;
     bool splashFaces_ = false;
     bool minimised_ = false;
+    // The command that started the round came from a menu: some games start no tune then.
+    bool menuCommand_ = false;
     // Form_Load is applying defaults and settings: lblHighScore waits for the last of them.
     bool loading_ = false;
 };

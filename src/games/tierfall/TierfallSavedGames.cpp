@@ -53,7 +53,7 @@ bool frmTierfall::OpenSavedGame(const std::string& fileName) {
     Timer4.stop();
     frmSplash.setVisible(false);
     cmdTakeScore->setCaption("&Replay");
-    cmdPlay_Click();
+    PlayCommand(false);
     return true;
 }
 

@@ -134,44 +134,20 @@ bool frmTierfall::CreateElevensDeck() {
     }
 }
 
-bool frmTierfall::Deal(bool newGame) {
+bool frmTierfall::Deal() {
     try {
         // A replay deals the old decks under the goal now in force.
         board.CardGoal = values().CardGoal;
         if (!board.deal(g_.Deck))
             throw std::length_error("deck too short for the board");
-        lblMessage.setVisible(false);
-        lblMessage.setCaption("");
-        SetStatus(1, "Make " + formatScore(g_.BonusRoundScore) + " for Bonus Round!   ");
-        SetStatus(2, "Click on exposed cards to total " + std::to_string(board.CardGoal) + "!   ");
         CardTotalVisible(true);
         lblElevens.setCaption(GoalCaption(board.CardGoal));
         face_ = BoardFace::Faces;
         lowerShown_ = true;
         PaintBoard();
-        lblTime.setCaption("Time: " + std::to_string(g_.RoundSeconds));
-        // In the enhanced mode the clock waits for the first combination.
-        if (!values().EnhancedScoring)
-            StartRoundTimers();
-        g_.ElapsedSeconds = 0;
-        g_.ClockSeconds = 0;
-        if (newGame) {
-            values().LastScore = g_.Score;
-            g_.Score = 0;
-            lblCurrentScore.setCaption(formatScore(g_.Score));
-            g_.RoundNumber = 1;
-        }
-        ShowRoundBox(true);
-        ShowGoalBox(true);
-        if (lblCurrentRound)
-            lblCurrentRound->setCaption(std::to_string(g_.RoundNumber));
         lblCurrentElevens.setCaption(std::to_string(board.GoalCount));
         if (g_.RoundNumber >= 1 && g_.RoundNumber <= 3)
             values().RoundDecks[static_cast<std::size_t>(g_.RoundNumber - 1)] = g_.Deck;
-        // A clock left blinking by the last round stops with the new one.
-        Timer2.stop();
-        InitClock(*this);
-        ShowClockBox(true);
         UpdateUpCardTip();
         return true;
     } catch (const std::exception&) {
@@ -286,7 +262,7 @@ void frmTierfall::CheckTotal() {
 
     // A cleared board ends the round; the next one comes with an up card of its own.
     if (CheckForCompletion())
-        cmdTakeScore_Click();
+        TakeScoreCommand(false);
     else if (made.upCard && board.upCardEmpty())
         DrawUpCard(true);  // the player's draw, made for them: no sound of its own
     board.combinationSettled();

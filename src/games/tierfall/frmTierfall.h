@@ -5,7 +5,6 @@
 // (frmTierfall.cpp) and runs the game's own rounds and payments (TierfallRound.cpp).
 
 #include <array>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -49,25 +48,30 @@ public:
     std::array<Menu*, 6> mnuColors{};  // mnuYellow to mnuBlack, by SelectionColorIndex
 
     // ---- Frame hooks
+    void NewGame() override;
+    bool DealRound() override;
+    bool ClockRunsFromDeal() const override;
+    std::string RoundHint() const override;
     void ShowCards(bool visible) override;
     void ShowControls(bool visible, bool second) override;
     void HideSelection() override;
+    void EnableGameOptions(bool enabled) override;
+    void HideBoardAtTimeOut() override;
+    void AwardRoundBonuses() override;
+    void AfterRoundEnd() override;
+    void ClearBoardAtGameOver() override;
+    void ClearBoardAtQuit() override;
+    void EnterIdle(bool afterGameOver) override;
+    void IdleTakeScoreCommand() override;
     void RefreshPlayCard() override;
     void RefreshBoardBacks() override;
     void LayoutBoard(int left, int top, int width, int height) override;
     void SetGameDefaults() override;
     void CheckForCustom() override;
     void SettingsApplied() override;
-    void cmdPlay_Click() override;
-    void mnuPlay_Click() override;
-    void cmdTakeScore_Click() override;
-    void mnuTakeScore_Click() override;
-    void HideBoardAtTimeOut() override;
-    void TakeScoreAtTimeOut() override;
-    void TakeScore() override;
-    void RankFinalScore() override;
     bool GameSettingValue(const std::string& key, std::string& value) override;
     void AddGameSettings(SettingsReader& reader) override;
+    void RankFinalScore() override;
 
     // ---- Options (TierfallOptions.cpp)
     // mnu10 to mnu15: the card goal, its caption, its table and its hint.
@@ -89,10 +93,6 @@ public:
     void Form_Activate();
 
     // ---- Rounds and scoring (TierfallRound.cpp)
-    // A new game, or the replay of the last: false when it couldn't start (the form is gone).
-    bool Play();
-    // A game ended by the player: nothing is recorded.
-    void EndGame();
     // Each card's tooltip shows its value in the mode.
     void SetCardValues(bool enhanced);
     void DisableCommandButtons(bool disable);
@@ -100,7 +100,7 @@ public:
     // ---- The board (frmTierfall.cpp)
     bool CreateElevensDeck();
     // Deals Deck as it stands; false after "Unable to deal the cards.".
-    bool Deal(bool newGame = false);
+    bool Deal() override;
     bool CheckLegalFieldCardMove(int slot) const { return board.legal(slot); }
     bool CheckForCompletion() const { return board.complete(); }
     void FieldCardPicture_Click(int slot);
@@ -136,30 +136,12 @@ private:
     // lblCurrentScore_Change: blue at zero or more, red below.
     void ScoreChanged();
 
-    // One of the four payments at the end of a round (TierfallRound.cpp).
-    struct Payment {
-        std::function<std::string(std::int64_t left)> text;  // lblMessage for what is to come
-        std::int64_t step = 0;
-        int steps = 0;
-        std::int64_t atOnce = 0;         // paid in one go when the count-up is off
-        std::function<void()> eachStep;  // what else moves with a step
-        std::function<void()> whole;     // what else changes when paid in one go
-    };
-    void Pay(const Payment& payment);
+    // The four payments at the end of a round (TierfallRound.cpp).
     void PayCompletionBonus();
     void PayCombinationBonus();
     void PayCardBonus();
-    void PaySpeedBonus();
-    void PlayCommand(bool fromMenu);
-    void TakeScoreCommand(bool withMusic);
     // The deck of a later round: the last game's when replaying and it reached that round.
     void NextRoundDeck(int round);
-    void RoundTwo();
-    void BonusRound();
-    void ShowGameOver();
-    // mnuOpen, mnuTime, mnuGoal and mnuScoring: what may change between games.
-    void EnableGameOptions(bool enabled);
-    void AnnounceRound(const std::string& text);
 
     bool clicksRefused() const;
     void refreshPointers();
