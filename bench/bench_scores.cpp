@@ -30,7 +30,7 @@ int main() {
     Program prog(fake, dir.path().toStdString(), 1);
     prog.state.AppTitle = "Duomatch!";
     prog.state.RoundSeconds = 45;
-    const std::string table = HighScoreTableName("Duomatch Hi Score Table ");
+    const std::string table = "Duomatch Hi Score Table ";
     CreateHighScoreTable(prog, table, 30000);
 
     std::vector<double> miss, enter;

@@ -24,10 +24,10 @@
 #include "common/Program.h"
 #include "common/frame/GameFrame.h"
 #include "forms/Input.h"
+#include "games/GameBot.h"
 #include "games/GameRegistry.h"
 #include "scores/HighScoreTable.h"
 #include "shell/Startup.h"
-#include "testkit/SoakBots.h"
 #include "virtual/FakePlatform.h"
 
 using namespace corvanna;
@@ -61,8 +61,9 @@ struct Settings {
 
 void usage() {
     std::fprintf(stderr, "usage: soak [--games N] [--game NAME] [--seed S]\n  games with a bot:");
-    for (const SoakBotEntry& b : soakBots())
-        std::fprintf(stderr, " %s", b.formName.c_str());
+    for (const GameInfo& g : allGames())
+        if (g.bot)
+            std::fprintf(stderr, " %s", g.formName.c_str());
     std::fprintf(stderr, "\n");
 }
 
@@ -115,10 +116,9 @@ struct Sample {
 
 class Soak {
 public:
-    Soak(const Settings& settings, const GameInfo& game, const SoakBotEntry& bots)
+    Soak(const Settings& settings, const GameInfo& game)
         : settings_(settings),
           game_(game),
-          bots_(bots),
           prog_(fake_, dir_.path().toStdString(), settings.seed),
           select_(startSelector(prog_)),
           rng_(settings.seed) {}
@@ -144,7 +144,6 @@ private:
 
     const Settings& settings_;
     const GameInfo& game_;
-    const SoakBotEntry& bots_;
     QTemporaryDir dir_;
     FakePlatform fake_;
     Program prog_;
@@ -152,7 +151,7 @@ private:
     std::mt19937_64 rng_;
 
     GameFrame* form_ = nullptr;
-    std::unique_ptr<SoakBot> bot_;
+    std::unique_ptr<GameBot> bot_;
     std::string fault_;
 
     // What the player chose, to find again after coming back to the game.
@@ -191,7 +190,7 @@ bool Soak::launch() {
     if (!form_->visible())
         return fail(game_.formName + " is not on show after its launch");
     const std::uint64_t seed = settings_.seed * 1000003 + static_cast<std::uint64_t>(launches_);
-    bot_ = bots_.make(prog_, fake_, *form_, seed);
+    bot_ = game_.bot(prog_, fake_, *form_, seed);
     if (!bot_)
         return fail("the bot of " + game_.formName + " can't play this form");
     if (launches_++ > 0) {
@@ -466,11 +465,10 @@ int main(int argc, char** argv) {
         return 2;
     }
     const GameInfo* game = gameNamed(settings.game);
-    const SoakBotEntry* bots = game ? findSoakBot(game->formName) : nullptr;
-    if (!bots) {
+    if (!game || !game->bot) {
         std::fprintf(stderr, "soak: no bot plays \"%s\"\n", settings.game.c_str());
         usage();
         return 2;
     }
-    return Soak(settings, *game, *bots).run();
+    return Soak(settings, *game).run();
 }

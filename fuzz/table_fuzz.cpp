@@ -80,7 +80,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     g.SoundsOn = flags & 2;
     g.UserName = (flags & 4) ? "Velmora" : "Someone";
     g.Score = score;
-    const std::string table(FivestackHiScoreTable);
+    const std::string table("Fivestack Hi Score Table ");
     const std::string path = HighScoreFilePath(prog, table);
     std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
 

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "common/GameValues.h"
 #include "platform/Platform.h"
 
 namespace corvanna {
@@ -51,7 +50,6 @@ struct AppState {
     std::string UserState = "None";
     std::string UserCountry = "United States";
     ClockState Clock;
-    TierfallValues Tierfall;
 
     int deckUpperBound() const { return static_cast<int>(Deck.size()) - 1; }
 };

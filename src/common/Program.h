@@ -2,6 +2,7 @@
 // One running program: the platform it runs on, the program-wide variables,
 // the picture store and the forms that are loaded. Passed to every form.
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -28,6 +29,8 @@ struct SharedDialogs {
     // the final score ranked in that table at game over, the label refreshed after it.
     std::function<void(Form&)> showHighScoreLabel;
     std::function<void(Form&)> rankFinalScore;
+    // The games' own lines of a high score mail, from the program's values.
+    std::function<std::string()> highScoreMailLines;
 };
 
 class Program {
@@ -89,12 +92,44 @@ public:
     // Shows a dialog modal. One its buttons didn't close (the close box) goes when it returns.
     void showModal(Form& form);
 
+    // A game's own program-wide values, one object of each type: made on first use and
+    // kept as long as the program, so they outlive the game's form.
+    template <class T>
+    T& gameValues() {
+        return valuesOf<T>();
+    }
+    template <class T>
+    const T& gameValues() const {
+        return valuesOf<T>();
+    }
+
     // The saved game the program was started with, handed out once.
     void setCommandLine(std::string fileName) { commandLine_ = std::move(fileName); }
     const std::string& commandLine() const { return commandLine_; }
     std::string takeCommandLine() { return std::exchange(commandLine_, std::string()); }
 
 private:
+    // A number per type of values, the same in every program; looked up on every use,
+    // so a slot, not a search.
+    static std::size_t nextValuesSlot() {
+        static std::size_t next = 0;
+        return next++;
+    }
+    template <class T>
+    static std::size_t valuesSlot() {
+        static const std::size_t slot = nextValuesSlot();
+        return slot;
+    }
+    template <class T>
+    T& valuesOf() const {
+        const std::size_t slot = valuesSlot<T>();
+        if (slot >= gameValues_.size())
+            gameValues_.resize(slot + 1);
+        if (!gameValues_[slot])
+            gameValues_[slot] = std::make_shared<T>();
+        return *static_cast<T*>(gameValues_[slot].get());
+    }
+
     std::string dataDir_;
     std::string assetsDir_;
     std::string commandLine_;
@@ -103,6 +138,8 @@ private:
     std::set<std::string> faultsTold_;    // files whose write failure was told
     std::vector<std::unique_ptr<Form>> forms_;
     std::vector<std::unique_ptr<Form>> unloaded_;
+    // Made on first use, also by a reader: they are the program's from its start.
+    mutable std::vector<std::shared_ptr<void>> gameValues_;
 };
 
 }  // namespace corvanna

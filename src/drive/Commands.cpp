@@ -49,11 +49,14 @@ const std::vector<Driver::Command>& Driver::commands() {
         {"enter", "enter FORM.CONTROL", "press Enter in a text box", &Driver::cmdEnter},
         {"type", "type FORM.CONTROL TEXT", "set a text box's text (the rest of the line)",
          &Driver::cmdType},
-        {"key", "key FORM Enter|Escape|Tab|Shift+Tab",
+        {"key", "key FORM Enter|Escape|Tab|Shift+Tab|Space|Left|Right|Up|Down",
          "press a key in the form: Enter presses the focused\n"
          "button, a text box's own Enter or the default\n"
          "button; Escape the cancel button; Tab moves the\n"
-         "focus (get FORM.ActiveControl)",
+         "focus (get FORM.ActiveControl); Space presses the\n"
+         "focused button. In a game form the arrows move the\n"
+         "cursor over cards and buttons, and Space and Enter\n"
+         "click what it is on (get FORM.PlayCursor)",
          &Driver::cmdKey},
         {"keys", "keys FORM TEXT",
          "type TEXT (the rest of the line) into the focused\n"
@@ -181,9 +184,10 @@ void Driver::cmdKey(const std::string& args) {
     const auto w = words(args);
     Key key;
     if (w.size() != 2)
-        return error("usage: key FORM Enter|Escape|Tab|Shift+Tab");
+        return error("usage: key FORM Enter|Escape|Tab|Shift+Tab|Space|Left|Right|Up|Down");
     if (!parseKey(w[1], key))
-        return error("key takes Enter, Escape, Tab or Shift+Tab, not '" + shown(w[1]) + "'");
+        return error("key takes Enter, Escape, Tab, Shift+Tab, Space or an arrow, not '" +
+                     shown(w[1]) + "'");
     Form* form = findForm(w[0]);
     if (!form)
         return;

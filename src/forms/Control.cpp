@@ -24,6 +24,8 @@ const char* kindName(ControlKind kind) {
         case ControlKind::ListBox: return "ListBox";
         case ControlKind::StatusBar: return "StatusBar";
         case ControlKind::Menu: return "Menu";
+        case ControlKind::ProgressBar: return "ProgressBar";
+        case ControlKind::Line: return "Line";
     }
     return "Control";
 }
@@ -81,6 +83,8 @@ Control::Control(Form& form, ControlKind kind, std::string name, int index, Cont
 Control::~Control() {
     if (form_->activeControl_ == this)
         form_->activeControl_ = nullptr;
+    if (form_->cursorAt_ == this)
+        form_->setPlayCursor(nullptr, false);
     // Views let go of their peer here.
     observers_.tell(*this, Prop::Destroyed);
 }
@@ -151,6 +155,12 @@ void Control::setTextFit(TextFit v) {
 }
 void Control::setMouseIcon(const std::string& v) {
     SETTER(mouseIcon_, Prop::Style);
+}
+void Control::setBorder(bool v) {
+    SETTER(border_, Prop::Style);
+}
+void Control::setFontName(const std::string& v) {
+    SETTER(fontName_, Prop::Font);
 }
 #undef SETTER
 
@@ -233,6 +243,8 @@ std::vector<std::string> Control::propertyNames() const {
         names.push_back("Checked");
     if (kind_ == ControlKind::Image || kind_ == ControlKind::PictureBox)
         names.push_back("Picture");
+    if (kind_ == ControlKind::Image || kind_ == ControlKind::Label)
+        names.push_back("BorderStyle");
     if (kind_ == ControlKind::Menu) {
         std::erase_if(names, [](const std::string& n) {
             return n == "Left" || n == "Top" || n == "Width" || n == "Height" || n == "ForeColor" ||
@@ -271,6 +283,10 @@ std::string Control::property(const std::string& p) const {
         return std::to_string(fontSize_);
     if (p == "FontBold")
         return formatBool(fontBold_);
+    if (p == "FontName")
+        return fontName_;
+    if (p == "BorderStyle")
+        return border_ ? "1" : "0";
     if (p == "Index")
         return std::to_string(index_);
     if (p == "Kind")
@@ -294,6 +310,8 @@ bool Control::setProperty(const std::string& p, const std::string& v) {
         return setChecked(b), true;
     if (p == "ToolTipText")
         return setToolTipText(v), true;
+    if (p == "BorderStyle" && (v == "0" || v == "1"))
+        return setBorder(v == "1"), true;
     if (p == "ForeColor" && parseColor(v, c))
         return setForeColor(c), true;
     if (p == "BackColor" && parseColor(v, c))

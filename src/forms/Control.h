@@ -44,6 +44,8 @@ enum class ControlKind {
     ListBox,
     StatusBar,
     Menu,
+    ProgressBar,
+    Line,
 };
 
 const char* kindName(ControlKind kind);
@@ -72,7 +74,9 @@ enum class Prop {
     ControlAdded,
     Destroyed,
     Focus,
-    Selection,  // a text box's selected part
+    Selection,   // a text box's selected part
+    Value,       // a progress bar's value or range
+    PlayCursor,  // the form's arrow-key cursor moved, came or went
 };
 
 enum class Align { Left, Center, Right };
@@ -129,6 +133,13 @@ public:
     double fontSize() const { return fontSize_; }
     bool fontBold() const { return fontBold_; }
     void setFont(double size, bool bold);
+    // The typeface by name ("Arial"); empty for the program's own, which a view also uses
+    // where it lacks the face.
+    const std::string& fontName() const { return fontName_; }
+    void setFontName(const std::string& name);
+    // A thin single border round an image or a label (BorderStyle 1); none is 0.
+    bool border() const { return border_; }
+    void setBorder(bool v);
     Align alignment() const { return alignment_; }
     void setAlignment(Align a);
     TextFit textFit() const { return textFit_; }
@@ -183,6 +194,8 @@ protected:
     std::string picture_;
     double fontSize_ = 8.25;
     bool fontBold_ = false;
+    std::string fontName_;
+    bool border_ = false;
     Align alignment_ = Align::Left;
     TextFit textFit_ = TextFit::Shrink;
     int zOrder_ = 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 
 #include "forms/Form.h"
 
@@ -339,6 +340,119 @@ std::vector<std::string> StatusBar::propertyNames() const {
     for (int i = 1; i <= panelCount(); ++i)
         names.push_back("Panels(" + std::to_string(i) + ")");
     return names;
+}
+
+// ---- ProgressBar
+
+ProgressBar::ProgressBar(Form& form, std::string name, int index, Control* container)
+    : Control(form, ControlKind::ProgressBar, std::move(name), index, container) {}
+
+void ProgressBar::changed(int min, int max, int value) {
+    value = std::clamp(value, min, max);
+    if (min == min_ && max == max_ && value == value_)
+        return;
+    min_ = min, max_ = max, value_ = value;
+    notify(Prop::Value);
+}
+
+void ProgressBar::setMin(int v) {
+    changed(v, std::max(v, max_), value_);
+}
+
+void ProgressBar::setMax(int v) {
+    changed(std::min(v, min_), v, value_);
+}
+
+void ProgressBar::setValue(int v) {
+    changed(min_, max_, v);
+}
+
+std::string ProgressBar::property(const std::string& p) const {
+    if (p == "Min")
+        return std::to_string(min_);
+    if (p == "Max")
+        return std::to_string(max_);
+    if (p == "Value")
+        return std::to_string(value_);
+    return Control::property(p);
+}
+
+bool ProgressBar::setProperty(const std::string& p, const std::string& v) {
+    int n;
+    if (!toInt(v, n))
+        return Control::setProperty(p, v);
+    if (p == "Min")
+        return setMin(n), true;
+    if (p == "Max")
+        return setMax(n), true;
+    if (p == "Value")
+        return setValue(n), true;
+    return Control::setProperty(p, v);
+}
+
+std::vector<std::string> ProgressBar::propertyNames() const {
+    return {"Min", "Max", "Value", "Visible", "Left", "Top", "Width", "Height", "ToolTipText"};
+}
+
+// ---- LineControl
+
+LineControl::LineControl(Form& form, std::string name, int index, Control* container)
+    : Control(form, ControlKind::Line, std::move(name), index, container) {
+    backTransparent_ = true;
+}
+
+void LineControl::setEnds(int x1, int y1, int x2, int y2) {
+    const bool fx = x1 > x2, fy = y1 > y2;
+    if (fx != flipX_ || fy != flipY_) {
+        flipX_ = fx, flipY_ = fy;
+        notify(Prop::Style);
+    }
+    move(std::min(x1, x2), std::min(y1, y2), std::abs(x2 - x1), std::abs(y2 - y1));
+}
+
+void LineControl::setBorderWidth(int px) {
+    px = std::max(0, px);
+    if (px == borderWidth_)
+        return;
+    borderWidth_ = px;
+    notify(Prop::Style);
+}
+
+std::string LineControl::property(const std::string& p) const {
+    if (p == "X1")
+        return std::to_string(x1());
+    if (p == "Y1")
+        return std::to_string(y1());
+    if (p == "X2")
+        return std::to_string(x2());
+    if (p == "Y2")
+        return std::to_string(y2());
+    if (p == "BorderColor")
+        return colorText(foreColor_);
+    if (p == "BorderWidth")
+        return std::to_string(borderWidth_);
+    return Control::property(p);
+}
+
+bool LineControl::setProperty(const std::string& p, const std::string& v) {
+    int n;
+    if (!toInt(v, n) || n <= -1000000 || n >= 1000000)
+        return Control::setProperty(p, v);
+    if (p == "X1")
+        return setEnds(n, y1(), x2(), y2()), true;
+    if (p == "Y1")
+        return setEnds(x1(), n, x2(), y2()), true;
+    if (p == "X2")
+        return setEnds(x1(), y1(), n, y2()), true;
+    if (p == "Y2")
+        return setEnds(x1(), y1(), x2(), n), true;
+    if (p == "BorderWidth" && n <= 100)
+        return setBorderWidth(n), true;
+    return Control::setProperty(p, v);
+}
+
+std::vector<std::string> LineControl::propertyNames() const {
+    return {"Visible", "X1", "Y1", "X2", "Y2", "BorderColor", "BorderWidth"};
 }
 
 // ---- Menu

@@ -151,6 +151,53 @@ private:
     std::vector<std::string> panels_;
 };
 
+// A bar that fills from Min to Max as Value rises: a counter the player watches run.
+// Value stays within the range, and the range never turns over: a Min set above Max
+// takes Max with it (and the other way round).
+class ProgressBar : public Control {
+public:
+    ProgressBar(Form& form, std::string name, int index, Control* container);
+    int min() const { return min_; }
+    int max() const { return max_; }
+    int value() const { return value_; }
+    void setMin(int v);
+    void setMax(int v);
+    void setValue(int v);
+
+    std::string property(const std::string& prop) const override;
+    bool setProperty(const std::string& prop, const std::string& value) override;
+    std::vector<std::string> propertyNames() const override;
+
+private:
+    void changed(int min, int max, int value);
+    int min_ = 0, max_ = 100, value_ = 0;
+};
+
+// A straight line from (X1, Y1) to (X2, Y2), in twips in its container, in BorderColor
+// and BorderWidth pixels: a cross over a card, the rule beside a column. Its bounds are
+// the box the two ends span, so moving it moves both ends.
+class LineControl : public Control {
+public:
+    LineControl(Form& form, std::string name, int index, Control* container);
+    void setEnds(int x1, int y1, int x2, int y2);
+    int x1() const { return flipX_ ? left() + width() : left(); }
+    int x2() const { return flipX_ ? left() : left() + width(); }
+    int y1() const { return flipY_ ? top() + height() : top(); }
+    int y2() const { return flipY_ ? top() : top() + height(); }
+    Color borderColor() const { return foreColor(); }
+    void setBorderColor(Color c) { setForeColor(c); }
+    int borderWidth() const { return borderWidth_; }
+    void setBorderWidth(int px);
+
+    std::string property(const std::string& prop) const override;
+    bool setProperty(const std::string& prop, const std::string& value) override;
+    std::vector<std::string> propertyNames() const override;
+
+private:
+    bool flipX_ = false, flipY_ = false;  // X1 (Y1) is the right (bottom) end
+    int borderWidth_ = 1;
+};
+
 // A menu item; its container is the menu it opens from, none for the menu bar.
 class Menu : public Control {
 public:

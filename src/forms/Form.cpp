@@ -111,6 +111,21 @@ void Form::setVisibleFlag(bool v) {
     notify(Prop::Visible);
 }
 
+void Form::setKeyboardPlay(bool on) {
+    keyboardPlay_ = on;
+    if (!on)
+        setPlayCursor(nullptr, false);
+}
+
+void Form::setPlayCursor(Control* at, bool shown) {
+    shown = shown && at;
+    const Control* before = playCursor();
+    cursorAt_ = at;
+    cursorShown_ = shown;
+    if (playCursor() != before)
+        notify(Prop::PlayCursor);
+}
+
 void Form::setFontScale(double scale) {
     if (!(scale > 0) || scale == fontScale_)
         return;
@@ -170,6 +185,9 @@ std::string Form::property(const std::string& p) const {
     // The control with the focus, empty for none; not in a dump, as the window moves it.
     if (p == "ActiveControl")
         return activeControl_ ? activeControl_->fullName() : std::string();
+    // The control under the arrow-key cursor, empty while it is not shown.
+    if (p == "PlayCursor")
+        return playCursor() ? playCursor()->fullName() : std::string();
     return "\x01";
 }
 

@@ -97,6 +97,18 @@ public:
     void setDefaultButton(Control* button) { defaultButton_ = button; }
     void setCancelButton(Control* button) { cancelButton_ = button; }
 
+    // Keyboard play, for the game forms: the arrow keys move a cursor over what can be
+    // clicked (cards, buttons) in reading order, and Space or Enter clicks what it is on
+    // (Keys.h). A form without it keeps the arrows for its widgets.
+    bool keyboardPlay() const { return keyboardPlay_; }
+    void setKeyboardPlay(bool on);
+    // The control the cursor is on while it is shown; nullptr while it is not.
+    Control* playCursor() const { return cursorShown_ ? cursorAt_ : nullptr; }
+    // Where the next arrow key starts from, shown or not; nullptr for nowhere yet.
+    Control* playCursorAnchor() const { return cursorAt_; }
+    // Puts the cursor on a control, shown or kept out of sight (a mouse click, Tab).
+    void setPlayCursor(Control* at, bool shown);
+
     // How much larger than their design size the form's texts are drawn: the layout sets it
     // when the window grows, so text keeps its proportion to the controls it sits in.
     double fontScale() const { return fontScale_; }
@@ -113,6 +125,9 @@ public:
 
     std::string property(const std::string& prop) const;
     bool setProperty(const std::string& prop, const std::string& value);
+
+    // Expires with the form: a caller whose handler may unload it looks here afterwards.
+    std::weak_ptr<const void> liveness() const { return alive_; }
 
 private:
     void adopt(std::unique_ptr<Control> c);
@@ -133,6 +148,10 @@ private:
     Control* defaultButton_ = nullptr;
     Control* cancelButton_ = nullptr;
     double fontScale_ = 1.0;
+    std::shared_ptr<const void> alive_ = std::make_shared<int>(0);
+    bool keyboardPlay_ = false;
+    Control* cursorAt_ = nullptr;
+    bool cursorShown_ = false;
     friend class Control;
 };
 

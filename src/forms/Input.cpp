@@ -1,6 +1,7 @@
 #include "forms/Input.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "forms/Form.h"
 
@@ -58,6 +59,9 @@ bool press(Control& control, bool byMouse, std::string* whyNot) {
     // So Enter afterwards presses the same button, as in the window.
     if (byMouse && takesFocus(control) && control.form().activeControl() != &control)
         control.setFocus();
+    // The mouse puts the arrow-key cursor out of sight; the next arrow goes on from here.
+    if (byMouse && control.form().keyboardPlay() && playable(control))
+        control.form().setPlayCursor(&control, false);
     // A check box or option button changes its value as the click lands, which runs Click;
     // a click on an option button that is already on runs it too.
     if (control.kind() == ControlKind::CheckBox) {
@@ -84,6 +88,10 @@ bool userFocus(Control& control, std::string* whyNot) {
     if (!takesFocus(control))
         return refuse(control, "does not take the focus", whyNot);
     control.setFocus();
+    // Tab puts the arrow-key cursor out of sight: Space and Enter are the focus's again.
+    Form& form = control.form();
+    if (form.keyboardPlay())
+        form.setPlayCursor(playable(control) ? &control : form.playCursorAnchor(), false);
     return true;
 }
 
@@ -127,6 +135,33 @@ bool formTakesKeys(const Form& form, std::string* whyNot) {
     return !reason;
 }
 
+// Why a key went nowhere in the form as it stands.
+const char* nothingFor(const Form& form, Key key) {
+    switch (key) {
+        case Key::Enter: return "has no default button";
+        case Key::Escape: return "has no cancel button";
+        case Key::Space: return "has no button with the focus";
+        case Key::Tab:
+        case Key::BackTab: return "has no control that takes the focus";
+        default: break;
+    }
+    return form.keyboardPlay() ? "has nothing to move the cursor to" : "has no keyboard play";
+}
+
+// A click by Space or Enter on what the cursor is on. A card that leaves the board with
+// the click hands the cursor on to the next in reading order, so it stays in sight.
+bool pressUnderCursor(Form& form, Control& control, std::string* whyNot) {
+    const std::weak_ptr<const void> alive = form.liveness();
+    if (!press(control, false, whyNot))
+        return false;
+    if (alive.expired() || !form.keyboardPlay() || form.playCursor() != &control ||
+        playable(control))
+        return true;
+    Control* next = playTarget(form, Key::Right);
+    form.setPlayCursor(next ? next : &control, next != nullptr);
+    return true;
+}
+
 }  // namespace
 
 bool userKey(Form& form, Key key, std::string* whyNot) {
@@ -134,19 +169,19 @@ bool userKey(Form& form, Key key, std::string* whyNot) {
         return false;
     const KeyRoute route = routeKey(form, key);
     switch (route.kind) {
-        case KeyRoute::Press: return press(*route.control, false, whyNot);
+        case KeyRoute::Cursor: form.setPlayCursor(route.control, true); return true;
+        case KeyRoute::Press:
+            if (route.byCursor)
+                return pressUnderCursor(form, *route.control, whyNot);
+            return press(*route.control, false, whyNot);
         case KeyRoute::TextEnter: return userKeyEnter(*route.control, whyNot);
         case KeyRoute::NewLine:
             return userType(static_cast<TextBox&>(*route.control), "\n", whyNot);
         case KeyRoute::Focus: return userFocus(*route.control, whyNot);
         case KeyRoute::Nowhere: break;
     }
-    if (whyNot) {
-        const char* what = key == Key::Enter    ? "has no default button"
-                           : key == Key::Escape ? "has no cancel button"
-                                                : "has no control that takes the focus";
-        *whyNot = form.name() + " " + what;
-    }
+    if (whyNot)
+        *whyNot = form.name() + " " + nothingFor(form, key);
     return false;
 }
 

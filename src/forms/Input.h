@@ -18,7 +18,8 @@ bool userDblClick(Control& control, std::string* whyNot = nullptr);
 // The Enter key in a text box; one without the handler does nothing with it.
 bool userKeyEnter(Control& control, std::string* whyNot = nullptr);
 // A key pressed in the form, where routeKey sends it: a button's click goes through
-// userClick, with its guard. A form not shown or behind a modal dialog takes no key.
+// userClick, with its guard; an arrow moves the cursor of keyboard play (Keys.h). A form
+// not shown or behind a modal dialog takes no key.
 bool userKey(Form& form, Key key, std::string* whyNot = nullptr);
 // The user gives the control the focus (Tab, the mouse): a text box selects its text.
 bool userFocus(Control& control, std::string* whyNot = nullptr);

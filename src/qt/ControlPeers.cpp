@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStatusBar>
@@ -43,7 +44,7 @@ void ControlPeer::build(QWidget* parent) {
     for (Prop p :
          {Prop::Font, Prop::ForeColor, Prop::BackColor, Prop::Caption, Prop::Text, Prop::Selection,
           Prop::Items, Prop::Checked, Prop::Picture, Prop::Panels, Prop::Style, Prop::Drawing,
-          Prop::ToolTip, Prop::Enabled, Prop::Geometry, Prop::Visible})
+          Prop::ToolTip, Prop::Value, Prop::Enabled, Prop::Geometry, Prop::Visible})
         apply(p);
     applyCursor();
 }
@@ -179,10 +180,61 @@ protected:
         return w;
     }
     void apply(Prop p) override {
+        auto* w = static_cast<PictureWidget*>(widget_.data());
         if (p == Prop::Picture)
-            static_cast<PictureWidget*>(widget_.data())->setPicture(model_->picture());
-        else
+            w->setPicture(model_->picture());
+        if (p == Prop::Style)
+            w->setBorder(model_->border());
+        if (p != Prop::Picture)
             ControlPeer::apply(p);
+    }
+};
+
+class ProgressPeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+protected:
+    QWidget* create(QWidget* parent) override {
+        auto* w = new QProgressBar(parent);
+        w->setTextVisible(false);
+        return w;
+    }
+    void apply(Prop p) override {
+        if (p != Prop::Value)
+            return ControlPeer::apply(p);
+        auto* w = static_cast<QProgressBar*>(widget_.data());
+        const auto& bar = static_cast<ProgressBar&>(*model_);
+        // An empty range would make the widget a busy bar that animates on its own.
+        w->setRange(bar.min(), std::max(bar.max(), bar.min() + 1));
+        w->setValue(bar.value());
+    }
+};
+
+class LinePeer : public ControlPeer {
+public:
+    using ControlPeer::ControlPeer;
+
+    void applyGeometry() override {
+        const auto& line = static_cast<LineControl&>(*model_);
+        const QPoint a(twipsToPx(line.x1()), twipsToPx(line.y1()));
+        const QPoint b(twipsToPx(line.x2()), twipsToPx(line.y2()));
+        // Room for half the pen each side of the ends.
+        const int m = line.borderWidth() / 2 + 1;
+        const QRect box = QRect(a, b).normalized().adjusted(-m, -m, m, m);
+        widget_->setGeometry(box);
+        static_cast<LineWidget*>(widget_.data())
+            ->setLine(QPointF(a - box.topLeft()) + QPointF(0.5, 0.5),
+                      QPointF(b - box.topLeft()) + QPointF(0.5, 0.5), toQColor(line.borderColor()),
+                      line.borderWidth());
+    }
+
+protected:
+    QWidget* create(QWidget* parent) override { return new LineWidget(parent); }
+    void apply(Prop p) override {
+        if (p == Prop::ForeColor || p == Prop::Style)
+            applyGeometry();
+        ControlPeer::apply(p);
     }
 };
 
@@ -608,6 +660,8 @@ std::unique_ptr<ControlPeer> makePeer(Control& c, FormWindow& w) {
             case ControlKind::ComboBox:
             case ControlKind::ListBox: return dynamic_cast<ListControl*>(&c) != nullptr;
             case ControlKind::StatusBar: return dynamic_cast<StatusBar*>(&c) != nullptr;
+            case ControlKind::ProgressBar: return dynamic_cast<ProgressBar*>(&c) != nullptr;
+            case ControlKind::Line: return dynamic_cast<LineControl*>(&c) != nullptr;
             default: return true;
         }
     }();
@@ -632,6 +686,8 @@ std::unique_ptr<ControlPeer> makePeer(Control& c, FormWindow& w) {
         case ControlKind::ComboBox: return std::make_unique<ItemsPeer<QComboBox>>(c, w);
         case ControlKind::ListBox: return std::make_unique<ItemsPeer<QListWidget>>(c, w);
         case ControlKind::StatusBar: return std::make_unique<StatusBarPeer>(c, w);
+        case ControlKind::ProgressBar: return std::make_unique<ProgressPeer>(c, w);
+        case ControlKind::Line: return std::make_unique<LinePeer>(c, w);
         case ControlKind::Timer:
         case ControlKind::Menu: return nullptr;
     }

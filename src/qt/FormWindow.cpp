@@ -33,6 +33,7 @@ FormWindow::FormWindow(Form& form, QtPlatform& platform) : form_(&form), platfor
     client_ = new ClientArea(this);
     setCentralWidget(client_);
     ring_ = new FocusRing(client_);
+    cursor_ = new PlayCursorFrame(client_);
     menus_ = std::make_unique<MenuBarPeer>(form, *this);
     menus_->rebuild();
     for (auto& c : form.controls())
@@ -49,6 +50,7 @@ FormWindow::FormWindow(Form& form, QtPlatform& platform) : form_(&form), platfor
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget*, QWidget* now) { focusChanged(now); });
     applyFocus();
+    applyPlayCursor();
 }
 
 FormWindow::~FormWindow() {
@@ -85,6 +87,7 @@ void FormWindow::onFormChanged(Prop p) {
         case Prop::WindowState: applyWindowState(); break;
         case Prop::MousePointer: applyCursor(); break;
         case Prop::BackColor: applyBackColor(); break;
+        case Prop::PlayCursor: applyPlayCursor(); break;
         case Prop::Font:  // the form's font scale
             for (auto& [c, peer] : peers_)
                 peer->reapply(Prop::Font);
@@ -118,7 +121,8 @@ void FormWindow::addPeer(Control& c) {
     if (!peer)
         return;
     peer->build(parentFor(c));
-    if (takesFocus(c) && peer->widget())
+    // For the focus it takes, the keys it gets, and the rings that follow it round.
+    if (peer->widget())
         peer->widget()->installEventFilter(this);
     if (c.kind() == ControlKind::StatusBar) {
         statusBar_ = peer->widget();
@@ -138,6 +142,10 @@ void FormWindow::controlGone(Control* c) {
         if (w->isAncestorOf(ring_) || ring_->target() == w) {
             ring_->follow(nullptr);
             ring_->setParent(client_);
+        }
+        if (w->isAncestorOf(cursor_) || cursor_->target() == w) {
+            cursor_->follow(nullptr);
+            cursor_->setParent(client_);
         }
         w->hide();
         w->deleteLater();
@@ -172,6 +180,8 @@ void FormWindow::restack(const Control* container) {
         statusBar_->raise();
     if (ring_->isVisible())
         ring_->raise();
+    if (cursor_->isVisible())
+        cursor_->raise();
 }
 
 void FormWindow::layoutStatusBar() {
@@ -329,13 +339,61 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* e) {
         case QEvent::ZOrderChange:
             if (w && w == ring_->target())
                 ring_->place();
+            if (w && w == cursor_->target())
+                cursor_->place();
+            break;
+        case QEvent::KeyPress:
+            if (playKey(static_cast<QKeyEvent*>(e)))
+                return true;
             break;
         default: break;
     }
     return QMainWindow::eventFilter(watched, e);
 }
 
+void FormWindow::applyPlayCursor() {
+    Control* at = form_ ? form_->playCursor() : nullptr;
+    QWidget* target = at ? widgetOf(*at) : nullptr;
+    cursor_->follow(target);
+    // One mark of where the keys go: the cursor, while it is on show, not the focus ring.
+    ring_->setSuppressed(target != nullptr);
+}
+
+bool FormWindow::playKey(QKeyEvent* e) {
+    if (!form_ || !form_->keyboardPlay() ||
+        (e->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+        return false;
+    Key key;
+    switch (e->key()) {
+        case Qt::Key_Left: key = Key::Left; break;
+        case Qt::Key_Right: key = Key::Right; break;
+        case Qt::Key_Up: key = Key::Up; break;
+        case Qt::Key_Down: key = Key::Down; break;
+        case Qt::Key_Space: key = Key::Space; break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter: key = Key::Enter; break;
+        default: return false;
+    }
+    // A text box or a list keeps its keys, and with no cursor on show the focused button
+    // takes Space as its own.
+    const KeyRoute route = routeKey(*form_, key);
+    if (!route.byCursor)
+        return false;
+    e->accept();
+    // A key held down clicks once; the arrows go on moving.
+    if (e->isAutoRepeat() && route.kind == KeyRoute::Press)
+        return true;
+    QPointer<FormWindow> self(this);
+    platform_->deliverUserAction([self, key] {
+        if (self && self->form_)
+            userKey(*self->form_, key);
+    });
+    return true;
+}
+
 void FormWindow::keyPressEvent(QKeyEvent* e) {
+    if (playKey(e))
+        return;
     const auto mods = e->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
     Key key;
     if (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter)

@@ -18,6 +18,7 @@ class QtPlatform;
 class ControlPeer;
 class MenuBarPeer;
 class FocusRing;
+class PlayCursorFrame;
 
 // The client area: the form's ScaleWidth x ScaleHeight, where its controls live.
 class ClientArea : public QWidget {
@@ -53,6 +54,8 @@ public:
     QWidget* widgetOf(const Control& c) const;
     // The ring round the focused control; hidden while the window has no focus.
     FocusRing* focusRing() const { return ring_; }
+    // The arrow-key cursor of keyboard play; hidden while the form has none on show.
+    PlayCursorFrame* playCursorFrame() const { return cursor_; }
 
     // Stops following the model; the window is about to go.
     void detach();
@@ -89,6 +92,10 @@ private:
     void focusChanged(QWidget* now);
     void focusTaken(QWidget* w, Qt::FocusReason reason);
     void applyFocus();
+    void applyPlayCursor();
+    // The arrows, and Space and Enter while the arrow-key cursor is on show: true when the
+    // key went to the model.
+    bool playKey(QKeyEvent* e);
     Control* controlOf(const QWidget* w) const;
     int menuBarHeight() const;
     QSize clientSizeFromModel() const;
@@ -99,6 +106,7 @@ private:
     std::unique_ptr<MenuBarPeer> menus_;
     std::map<const Control*, std::unique_ptr<ControlPeer>> peers_;
     FocusRing* ring_ = nullptr;
+    PlayCursorFrame* cursor_ = nullptr;
     QPointer<QWidget> statusBar_;
     const Control* statusModel_ = nullptr;
     int formSub_ = 0;

@@ -21,6 +21,9 @@ void ControlPeer::applyFont() {
         model_->kind() == ControlKind::StatusBar ? 1.0 : model_->form().fontScale();
     f.setPointSizeF((model_->fontSize() > 0 ? model_->fontSize() : 8.25) * scale);
     f.setBold(model_->fontBold());
+    // A face the system lacks falls back to the program's own, not to whatever is first.
+    if (!model_->fontName().empty())
+        f.setFamilies({QString::fromStdString(model_->fontName()), QApplication::font().family()});
     widget_->setFont(f);
 }
 
@@ -51,6 +54,13 @@ public:
         fit_ = fit;
         update();
     }
+    // A thin dark box round the label, as a cell of a board has.
+    void setBorder(bool on) {
+        if (on == border_)
+            return;
+        border_ = on;
+        update();
+    }
 
     // What the label draws now: the font and the lines, for the tests and the paint.
     struct Fitted {
@@ -76,11 +86,16 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
+        QPainter p(this);
+        if (border_) {
+            p.setPen(
+                QPen(QColor(0x20, 0x20, 0x20), 1, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+            p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+        }
         const QString text = this->text();
         if (text.isEmpty())
             return;
         const Fitted f = fitted();
-        QPainter p(this);
         p.setFont(f.font);
         p.setPen(palette().color(QPalette::WindowText));
         const Qt::Alignment h = alignment() & Qt::AlignHorizontal_Mask;
@@ -167,6 +182,7 @@ private:
     }
 
     TextFit fit_ = TextFit::Shrink;
+    bool border_ = false;
     mutable Fitted cache_;
     mutable bool cacheValid_ = false;
     mutable QString cacheText_;
@@ -195,6 +211,7 @@ protected:
             case Prop::Style:
                 w->setAlignment(horizontal(model_->alignment()) | Qt::AlignTop);
                 w->setFit(model_->textFit());
+                w->setBorder(model_->border());
                 ControlPeer::apply(p);
                 break;
             default: ControlPeer::apply(p);

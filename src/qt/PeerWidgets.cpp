@@ -58,13 +58,28 @@ void PictureWidget::setPicture(const std::string& name) {
     update();
 }
 
+void PictureWidget::setBorder(bool on) {
+    if (on == border_)
+        return;
+    border_ = on;
+    update();
+}
+
 void PictureWidget::paintEvent(QPaintEvent*) {
-    if (picture_.empty())
+    if (picture_.empty() && !border_)
         return;
     QPainter p(this);
-    const QPixmap pm = CardArt::pixmap(picture_, size(), devicePixelRatioF());
-    if (!pm.isNull())
-        p.drawPixmap(0, 0, pm);
+    if (!picture_.empty()) {
+        const QPixmap pm = CardArt::pixmap(picture_, size(), devicePixelRatioF());
+        if (!pm.isNull())
+            p.drawPixmap(0, 0, pm);
+    }
+    if (border_) {
+        // One logical pixel inside the bounds, as wide as a hairline is at the ratio.
+        p.setPen(QPen(QColor(0x20, 0x20, 0x20), 1, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        p.setBrush(Qt::NoBrush);
+        p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    }
 }
 
 // ---- TextLabel
@@ -170,6 +185,26 @@ void ShapeWidget::paintEvent(QPaintEvent*) {
             break;
         }
     }
+}
+
+// ---- LineWidget
+
+LineWidget::LineWidget(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void LineWidget::setLine(QPointF from, QPointF to, QColor color, int width) {
+    from_ = from, to_ = to, color_ = color, width_ = std::max(0, width);
+    update();
+}
+
+void LineWidget::paintEvent(QPaintEvent*) {
+    if (width_ == 0)
+        return;
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing, from_.x() != to_.x() && from_.y() != to_.y());
+    p.setPen(QPen(color_, width_, Qt::SolidLine, Qt::FlatCap));
+    p.drawLine(from_, to_);
 }
 
 // ---- DrawingWidget
@@ -280,8 +315,13 @@ void FocusRing::follow(QWidget* target) {
     place();
 }
 
+void FocusRing::setSuppressed(bool on) {
+    suppressed_ = on;
+    place();
+}
+
 void FocusRing::place() {
-    if (!target_ || !target_->isVisible()) {
+    if (!target_ || !target_->isVisible() || suppressed_) {
         hide();
         return;
     }
@@ -305,6 +345,63 @@ void FocusRing::paintEvent(QPaintEvent*) {
     p.setPen(QPen(QColor(0x1A, 0x5F, 0xD8), blue, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     const qreal in = white + blue / 2;
     p.drawRect(r.adjusted(in, in, -in, -in));
+}
+
+// ---- PlayCursorFrame
+
+PlayCursorFrame::PlayCursorFrame(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+    hide();
+}
+
+int PlayCursorFrame::bandWidth(QSize target) {
+    // A card's band is about a fourteenth of its width; a button's no thinner than 3 pixels.
+    return std::clamp(
+        static_cast<int>(std::lround(std::min(target.width(), target.height()) / 14.0)), 3, 8);
+}
+
+void PlayCursorFrame::follow(QWidget* target) {
+    target_ = target;
+    if (!target) {
+        hide();
+        return;
+    }
+    if (parentWidget() != target->parentWidget())
+        setParent(target->parentWidget());
+    place();
+}
+
+void PlayCursorFrame::place() {
+    if (!target_ || !target_->isVisible()) {
+        hide();
+        return;
+    }
+    // The band and a dark pixel either side of it, all outside the target.
+    const int out = bandWidth(target_->size()) + 2;
+    setGeometry(target_->geometry().adjusted(-out, -out, out, out));
+    raise();
+    show();
+    update();
+}
+
+void PlayCursorFrame::paintEvent(QPaintEvent*) {
+    if (!target_)
+        return;
+    const int band = bandWidth(target_->size());
+    QPainter p(this);
+    // Filled rectangles on whole logical pixels: no pen, no smoothing, sharp at 2x too.
+    const QRect outer = rect();
+    auto ring = [&p](const QRect& r, int w, const QColor& c) {
+        p.fillRect(QRect(r.left(), r.top(), r.width(), w), c);
+        p.fillRect(QRect(r.left(), r.bottom() - w + 1, r.width(), w), c);
+        p.fillRect(QRect(r.left(), r.top() + w, w, r.height() - 2 * w), c);
+        p.fillRect(QRect(r.right() - w + 1, r.top() + w, w, r.height() - 2 * w), c);
+    };
+    // Dark edges part the bright band from a white card and a light form alike.
+    ring(outer, 1, QColor(0x10, 0x10, 0x10));
+    ring(outer.adjusted(1, 1, -1, -1), band, QColor(0xFF, 0xC8, 0x00));
+    ring(outer.adjusted(band + 1, band + 1, -band - 1, -band - 1), 1, QColor(0x10, 0x10, 0x10));
 }
 
 }  // namespace corvanna

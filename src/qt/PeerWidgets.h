@@ -1,6 +1,7 @@
 #pragma once
-// The widgets Qt has no ready match for: clickable pictures and labels, shapes,
-// the drawing box, and check and option buttons whose value the model decides.
+// The widgets Qt has no ready match for: clickable pictures and labels, shapes, lines,
+// the drawing box, check and option buttons whose value the model decides, and the
+// marks of the focus and of the arrow-key cursor.
 
 #include <QCheckBox>
 #include <QColor>
@@ -36,13 +37,15 @@ private:
     bool swallow_ = false;
 };
 
-// An Image: the named picture stretched over the whole control.
+// An Image: the named picture stretched over the whole control, with a thin dark border
+// round it when the model has one.
 class PictureWidget : public QWidget {
     Q_OBJECT
 public:
     explicit PictureWidget(QWidget* parent);
     void setPicture(const std::string& name);
     const std::string& picture() const { return picture_; }
+    void setBorder(bool on);
     ClickTracker clicks;
 
 protected:
@@ -53,6 +56,7 @@ protected:
 
 private:
     std::string picture_;
+    bool border_ = false;
 };
 
 // A Label: plain text, '&' shown as it is.
@@ -113,6 +117,24 @@ private:
     int borderWidth_ = 1;
     bool filled_ = false;
     QColor fill_;
+};
+
+// A Line: a straight line corner to corner of the widget, which lies a little outside the
+// line's own bounds so that a thick pen is not cut off. Never in the way of a click.
+class LineWidget : public QWidget {
+    Q_OBJECT
+public:
+    explicit LineWidget(QWidget* parent);
+    // The ends in the widget, and the pen.
+    void setLine(QPointF from, QPointF to, QColor color, int width);
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    QPointF from_, to_;
+    QColor color_ = Qt::black;
+    int width_ = 1;
 };
 
 // A PictureBox: its background, an optional picture and the retained drawing.
@@ -186,6 +208,30 @@ public:
     QWidget* target() const { return target_; }
     // Put back over the target after a restack or a move.
     void place();
+    // Kept out of sight while the arrow-key cursor shows where the keys go.
+    void setSuppressed(bool on);
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    QPointer<QWidget> target_;
+    bool suppressed_ = false;
+};
+
+// The arrow-key cursor of keyboard play: a thick bright band round the card or button the
+// keys will click, outside its bounds so that nothing of it is hidden, in whole pixels so
+// that it stays sharp at any pixel ratio.
+class PlayCursorFrame : public QWidget {
+    Q_OBJECT
+public:
+    explicit PlayCursorFrame(QWidget* parent);
+    // Round this widget (the frame moves to its parent), or hidden for none.
+    void follow(QWidget* target);
+    QWidget* target() const { return target_; }
+    void place();
+    // The band's width in logical pixels for a target of this size.
+    static int bandWidth(QSize target);
 
 protected:
     void paintEvent(QPaintEvent*) override;

@@ -1,12 +1,14 @@
 #pragma once
 // The game's wave sounds through Qt Multimedia. One effect per file, made on the
 // file's first play and kept, so later plays start without loading anything.
-// A new sound cuts off the one before; a missing file plays nothing.
+// A new sound cuts off the one before; a missing file plays nothing. A sound is
+// stopped once it must be over, so no audio stream runs on while nothing plays.
 
 #include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QTimer>
 
 class QSoundEffect;
 
@@ -34,7 +36,13 @@ private:
     void settle(int ms);
 
     QHash<QString, QSoundEffect*> effects_;
+    // How long each effect's sound lasts, from its file; absent when the file does not say.
+    QHash<const QSoundEffect*, int> lengthMs_;
     QPointer<QSoundEffect> current_;
+    QTimer over_;
 };
+
+// The length of a wave file's sound in milliseconds, or -1 when its header does not tell.
+int waveLengthMs(const QString& path);
 
 }  // namespace corvanna

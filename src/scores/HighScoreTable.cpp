@@ -96,13 +96,6 @@ bool fail(std::string* error, const std::string& why) {
 
 }  // namespace
 
-const HighScoreTableInfo* highScoreTableFor(std::string_view appTitle) {
-    for (const HighScoreTableInfo& t : HighScoreTables)
-        if (t.appTitle == appTitle)
-            return &t;
-    return nullptr;
-}
-
 std::string formatHighScoreDate(const DateTime& t) {
     const int month = (t.month >= 1 && t.month <= 12) ? t.month : 1;
     int hour12 = t.hour % 12;

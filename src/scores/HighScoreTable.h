@@ -1,9 +1,8 @@
 #pragma once
 // The high score table file: ten rows of "name, score, date" with CR LF line ends,
-// kept per game and time limit. This header is the one place that knows its names,
-// seeds and format; the games and dialogs go through it and never touch the bytes.
+// kept per game and time limit. This header is the one place that knows its format;
+// the games' rows give the names and seeds, and nobody else touches the bytes.
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -25,47 +24,6 @@ inline constexpr int HighScoreRowCount = 10;
 // A seed row has this name and date; the dialog hides the seed date.
 inline constexpr std::string_view HighScoreSeedName = "Velmora";
 inline constexpr std::string_view HighScoreSeedDate = "Jan 01 2000 12:00 am";
-// Larger than any table we write by far; a bigger file is not a table.
-
-// Table name constants, each ending in one blank.
-inline constexpr std::string_view TierfallHiScoreTable = "Tierfall Hi Score Table ";
-inline constexpr std::string_view FivestackHiScoreTable = "Fivestack Hi Score Table ";
-inline constexpr std::string_view HitspreeHiScoreTable = "Hitspree Hi Score Table ";
-inline constexpr std::string_view SpirefoldHiScoreTable = "Spirefold Hi Score Table ";
-inline constexpr std::string_view DuomatchHiScoreTable = "Duomatch Hi Score Table ";
-inline constexpr std::string_view GridflushHiScoreTable = "Gridflush Hi Score Table ";
-inline constexpr std::string_view ColclearHiScoreTable = "Colclear Hi Score Table ";
-inline constexpr std::string_view LettermineHiScoreTable = "Lettermine Hi Score Table ";
-inline constexpr std::string_view WildslotHiScoreTable = "Wildslot Hi Score Table ";
-// Tierfall in Enhanced Scoring puts this in front of its table name.
-inline constexpr std::string_view EnhancedScoringTablePrefix = "ES ";
-inline constexpr int TierfallDefaultCardGoal = 11;
-
-// One game's table: the seed a fresh table gets (at load and from the game's own
-// Clear menu), and the seed when the table is cleared from the High Scores dialog.
-// Only Duomatch differs between the two.
-struct HighScoreTableInfo {
-    std::string_view appTitle;
-    std::string_view tableName;
-    std::int64_t seedScore;
-    std::int64_t clearedSeedScore;
-};
-
-inline constexpr std::array<HighScoreTableInfo, 9> HighScoreTables{{
-    {"Tierfall!", TierfallHiScoreTable, 50000, 50000},
-    {"Fivestack!", FivestackHiScoreTable, 50000, 50000},
-    {"Hitspree!", HitspreeHiScoreTable, 50000, 50000},
-    {"Spirefold!", SpirefoldHiScoreTable, 30000, 30000},
-    {"Duomatch!", DuomatchHiScoreTable, 30000, 50000},
-    {"Gridflush!", GridflushHiScoreTable, 30000, 30000},
-    {"Colclear!", ColclearHiScoreTable, 50000, 50000},
-    {"Lettermine!", LettermineHiScoreTable, 30000, 30000},
-    {"Wildslot!", WildslotHiScoreTable, 50000, 50000},
-}};
-
-// The row of the game with this AppTitle, or nullptr.
-const HighScoreTableInfo* highScoreTableFor(std::string_view appTitle);
-
 // "mmm dd yyyy hh:mm am/pm" with English month names, whatever the locale.
 std::string formatHighScoreDate(const DateTime& t);
 

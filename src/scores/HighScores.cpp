@@ -45,20 +45,8 @@ void ReportNotRanked(Program& prog, const std::string& path, const std::string& 
 
 }  // namespace
 
-std::string HighScoreTableName(std::string_view tableConstant, int cardGoal, bool enhancedScoring) {
-    if (tableConstant != TierfallHiScoreTable)
-        return std::string(tableConstant);
-    return std::string(enhancedScoring ? EnhancedScoringTablePrefix : "") +
-           std::string(tableConstant) + std::to_string(cardGoal) + "_";
-}
-
 std::string HighScoreFilePath(const Program& prog, const std::string& tableName) {
     return prog.filePath(tableName + std::to_string(prog.state.RoundSeconds) + ".Txt");
-}
-
-std::string HighScoreFileName(const Program& prog, std::string_view tableConstant, int cardGoal,
-                              bool enhancedScoring) {
-    return HighScoreFilePath(prog, HighScoreTableName(tableConstant, cardGoal, enhancedScoring));
 }
 
 bool CreateHighScoreTable(Program& prog, const std::string& tableName, std::int64_t defaultScore,

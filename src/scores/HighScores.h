@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <string_view>
 
 #include "common/Program.h"
 #include "scores/HighScoreTable.h"
@@ -16,16 +15,8 @@ namespace corvanna {
 class Control;
 class GameFrame;
 
-// The whole table name of a game: its constant, and for Tierfall "ES " in Enhanced
-// Scoring and the card goal with an underscore behind the constant.
-std::string HighScoreTableName(std::string_view tableConstant,
-                               int cardGoal = TierfallDefaultCardGoal,
-                               bool enhancedScoring = false);
-// AppPath + whole table name + RoundSeconds + ".Txt".
+// AppPath + whole table name (GameInfo::tableName) + RoundSeconds + ".Txt".
 std::string HighScoreFilePath(const Program& prog, const std::string& tableName);
-// The file of a game's table at the present time limit, from its constant.
-std::string HighScoreFileName(const Program& prog, std::string_view tableConstant,
-                              int cardGoal = TierfallDefaultCardGoal, bool enhancedScoring = false);
 
 // Makes sure the table exists (a missing one is seeded), then shows its top score on
 // the label with the game's prefix. A damaged table is reported and left untouched.

@@ -6,23 +6,20 @@
 
 namespace corvanna {
 
-HighScoreChoice CurrentHighScoreTable(const Program& prog) {
+HighScoreChoice HighScoreTableOf(const Program& prog, const GameInfo& game) {
     HighScoreChoice choice;
-    choice.table = highScoreTableFor(prog.state.AppTitle);
-    if (!choice.table)
-        return choice;
-    if (choice.table->tableName == TierfallHiScoreTable) {
-        // Tierfall keeps a table per card goal and scoring mode.
-        const int cardGoal = prog.state.Tierfall.CardGoal;
-        const bool enhanced = prog.state.Tierfall.EnhancedScoring;
-        choice.tableName = HighScoreTableName(choice.table->tableName, cardGoal, enhanced);
-        choice.info = (enhanced ? "V 7.0 Enhanced Scoring - High Scores for a card goal of "
-                                : "High Scores for a card goal of ") +
-                      std::to_string(cardGoal);
-    } else {
-        choice.tableName = std::string(choice.table->tableName);
-    }
+    choice.game = &game;
+    choice.tableName = game.tableName(prog);
+    if (game.tableInfo)
+        choice.info = game.tableInfo(prog);
     return choice;
+}
+
+HighScoreChoice CurrentHighScoreTable(const Program& prog) {
+    const GameFrame* form = CurrentGameForm(prog);
+    if (!form || form->info().title != prog.state.AppTitle)
+        return {};
+    return HighScoreTableOf(prog, form->info());
 }
 
 GameFrame* CurrentGameForm(const Program& prog) {
@@ -45,9 +42,9 @@ void ViewHighScores(Program& prog) {
     const HighScoreChoice choice = CurrentHighScoreTable(prog);
     // The pause-button games make sure of their table here; the others count on the
     // one ShowHighScoreLabel made at load.
-    if (game && choice.table && game->info().dialogPause == DialogPause::ByPauseButton &&
+    if (game && choice.game && game->info().dialogPause == DialogPause::ByPauseButton &&
         !HighScoreTable(HighScoreFilePath(prog, choice.tableName)).exists())
-        CreateHighScoreTable(prog, choice.tableName, choice.table->seedScore);
+        CreateHighScoreTable(prog, choice.tableName, choice.game->seedScore);
     ShowHighScores(prog);
 }
 
@@ -60,10 +57,10 @@ void ClearHighScores(Program& prog) {
             MsgResult::Yes)
             return;
         const HighScoreChoice choice = CurrentHighScoreTable(prog);
-        if (!choice.table)
+        if (!choice.game)
             return;
-        if (CreateHighScoreTable(prog, choice.tableName, choice.table->seedScore, true))
-            ShowHighScoreLabel(prog, choice.tableName, *game, choice.table->seedScore);
+        if (CreateHighScoreTable(prog, choice.tableName, choice.game->seedScore, true))
+            ShowHighScoreLabel(prog, choice.tableName, *game, choice.game->seedScore);
     };
     const DialogPause pause = ClearHighScoresPause(game->info());
     // Where Clear pauses at all, it pauses as the game's View does.

@@ -6,7 +6,6 @@
 
 #include "common/Program.h"
 #include "common/frame/GameInfo.h"
-#include "scores/HighScoreTable.h"
 
 namespace corvanna {
 
@@ -15,12 +14,14 @@ class GameFrame;
 inline constexpr const char* kClearHighScoresQuestion =
     "This will clear all High Scores. Are You Sure?";
 
-// The table of the running game (chosen by AppTitle) at the present time limit.
+// A game's table at the present time limit, all from its row.
 struct HighScoreChoice {
-    const HighScoreTableInfo* table = nullptr;  // nullptr: AppTitle names no game
-    std::string tableName;                      // whole name, without the seconds
-    std::string info;                           // the game's own line above the asterisk note
+    const GameInfo* game = nullptr;  // nullptr: no game of AppTitle is loaded
+    std::string tableName;           // whole name, without the seconds
+    std::string info;                // the game's own line above the asterisk note
 };
+HighScoreChoice HighScoreTableOf(const Program& prog, const GameInfo& game);
+// The table of the running game: the loaded form of AppTitle's game.
 HighScoreChoice CurrentHighScoreTable(const Program& prog);
 
 // The game form on show, or nullptr when none is loaded.

@@ -69,11 +69,10 @@ const std::vector<std::string>& StateNames() {
     return names;
 }
 
-std::string HighScoreMailBody(const std::string& sample, bool customScoring, bool enhancedScoring,
-                              const std::string& comments) {
-    auto truth = [](bool b) { return std::string(b ? "True" : "False"); };
-    return sample + "\r\n\r\n" + "Custom scoring is currently " + truth(customScoring) +
-           "\r\n\r\n" + "Tierfall enahnced scoring mode is " + truth(enhancedScoring) + "\r\n\r\n" +
+std::string HighScoreMailBody(const std::string& sample, bool customScoring,
+                              const std::string& gameLines, const std::string& comments) {
+    return sample + "\r\n\r\n" + "Custom scoring is currently " +
+           (customScoring ? "True" : "False") + "\r\n\r\n" + gameLines +
            withLineEnds(comments, "\r\n");
 }
 
@@ -233,8 +232,9 @@ void frmComposeHighScore::cmdSubmit_Click() {
     mail.recipientName = kHighScoreKeeperName;
     mail.recipientAddress = kHighScoreKeeperAddress;
     mail.subject = "Corvanna High Score Listing for " + g.AppTitle;
-    mail.body = HighScoreMailBody(txtSample.text(), g.CustomScoring, g.Tierfall.EnhancedScoring,
-                                  txtOther.text());
+    const auto& gameLines = prog_.dialogs.highScoreMailLines;
+    mail.body = HighScoreMailBody(txtSample.text(), g.CustomScoring,
+                                  gameLines ? gameLines() : std::string(), txtOther.text());
     const MailResult result = prog_.platform.sendMail(mail);
     if (!result.sent) {
         prog_.msg(std::string("There was an error attempting to access your e-mail messaging "

@@ -59,9 +59,10 @@ private:
 std::int32_t ParseScoreText(const std::string& text);
 // The states to choose from, "None" first.
 const std::vector<std::string>& StateNames();
-// The listing's mail text: the sample, the scoring modes and the player's comments.
-std::string HighScoreMailBody(const std::string& sample, bool customScoring, bool enhancedScoring,
-                              const std::string& comments);
+// The listing's mail text: the sample, the custom scoring line, the games' own lines
+// (each ended by two line breaks) and the player's comments.
+std::string HighScoreMailBody(const std::string& sample, bool customScoring,
+                              const std::string& gameLines, const std::string& comments);
 
 // Loads the dialog, shows it modal and unloads it when it is done.
 void ShowComposeHighScore(Program& prog, frmHighScores& scores);

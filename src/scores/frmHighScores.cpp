@@ -178,7 +178,7 @@ void frmHighScores::Form_Load() {
     cmdDone.setFocus();
 
     const HighScoreChoice choice = CurrentHighScoreTable(prog_);
-    if (choice.table) {
+    if (choice.game) {
         lblHiScoreInfo.setCaption(choice.info);
         std::string error;
         // A table we can't read is named in a message; the dialog still opens, empty.
@@ -244,14 +244,14 @@ void frmHighScores::cmdClear_Click() {
         g.NewHighScoreRow = -1;
     }
     const HighScoreChoice choice = CurrentHighScoreTable(prog_);
-    if (!choice.table)
+    if (!choice.game)
         return;
     // Each step goes on whatever the one before it did: the table operations have
     // already said what failed.
-    CreateHighScoreTable(prog_, choice.tableName, choice.table->clearedSeedScore, true);
+    CreateHighScoreTable(prog_, choice.tableName, choice.game->clearedSeedScore, true);
     ReadHighScoreTable(choice.tableName);
     if (GameFrame* game = CurrentGameForm(prog_))
-        ShowHighScoreLabel(prog_, choice.tableName, *game, choice.table->clearedSeedScore);
+        ShowHighScoreLabel(prog_, choice.tableName, *game, choice.game->clearedSeedScore);
 }
 
 void frmHighScores::cmdDone_Click() {

@@ -34,28 +34,11 @@ TEST(MailLink, EveryCharacterThatMeansSomethingIsEncodedAndLineBreaksAreCrLf) {
     // A long comment goes whole: three bytes a character, and read back the same.
     MailMessage m = hostile();
     m.body = std::string(10000, '&');
-    std::string url = MailtoUrl(m);
-    auto body = url.find("&body=");
+    const std::string url = MailtoUrl(m);
+    const auto body = url.find("&body=");
     ASSERT_NE(body, std::string::npos);
     EXPECT_EQ(url.size() - body - 6, 30000u);
     EXPECT_EQ(percentDecoded(url.substr(body + 6)), m.body);
-
-    // A long comment of everything at once reads back with every line break as CR LF.
-    m.body.clear();
-    std::string expected;
-    while (m.body.size() < 10000) {
-        m.body += "Zo\xC3\xAB & 'x' \"y\" ?#%+= \\n\r\n";
-        expected += "Zo\xC3\xAB & 'x' \"y\" ?#%+= \\n\r\n";
-        m.body += "lone LF\nlone CR\r";
-        expected += "lone LF\r\nlone CR\r\n";
-    }
-    url = MailtoUrl(m);
-    body = url.find("&body=");
-    ASSERT_NE(body, std::string::npos);
-    EXPECT_EQ(url.find_first_not_of(
-                  "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~%", body + 6),
-              std::string::npos);
-    EXPECT_EQ(percentDecoded(url.substr(body + 6)), expected);
 
     // A line break in a subject would end the header: it becomes a blank.
     m.subject = "two\r\nlines";
@@ -68,19 +51,11 @@ TEST(MailLink, EveryCharacterThatMeansSomethingIsEncodedAndLineBreaksAreCrLf) {
         0u);
     // The display name has no place in the link.
     EXPECT_EQ(MailtoUrl(m).find("Orlund"), std::string::npos);
-}
 
-TEST(MailLink, XdgEmailGetsTheLinkAloneAndNothingReadsAsAnOption) {
-    EXPECT_THAT(XdgEmailArguments(hostile()), ::testing::ElementsAre(MailtoUrl(hostile())));
-    MailMessage m = hostile();
+    // xdg-email gets the link alone, and an address can't read as one of its options.
     m.recipientAddress = "--attach=/etc/passwd";
-    EXPECT_THAT(
-        XdgEmailArguments(m),
-        ::testing::ElementsAre(::testing::StartsWith("mailto:--attach%3D%2Fetc%2Fpasswd?")));
-    m.recipientAddress = "mailto:x@example.org?attach=/etc/passwd";
-    EXPECT_THAT(XdgEmailArguments(m),
-                ::testing::ElementsAre(::testing::StartsWith(
-                    "mailto:mailto%3Ax@example.org%3Fattach%3D%2Fetc%2Fpasswd?subject=")));
+    EXPECT_THAT(XdgEmailArguments(m), ::testing::ElementsAre(MailtoUrl(m)));
+    EXPECT_EQ(MailtoUrl(m).rfind("mailto:--attach%3D%2Fetc%2Fpasswd?", 0), 0u);
 }
 
 }  // namespace corvanna

@@ -6,9 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "ChildDrive.h"
-
 namespace killwrites {
+
+// One start of the driver: what it reads on stdin, a command a line.
+using Session = std::vector<std::string>;
 
 struct Kind {
     std::string name;

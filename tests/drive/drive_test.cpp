@@ -5,13 +5,11 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
 #include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -64,42 +62,19 @@ private:
     fs::path path_;
 };
 
-// Runs the driver with the script on stdin; stdout and stderr through files, so a
-// large output cannot block it. An alarm in the child ends a hung driver.
+// Runs the driver with the script on stdin; stdout and stderr through files, so a large
+// output cannot block it, and a hung driver ended after a minute.
 Result runDriver(const std::string& script, const std::vector<std::string>& args) {
     TempDir io;
     const fs::path in = io.path() / "in.cmd", out = io.path() / "out.txt",
                    err = io.path() / "err.txt";
     writeAll(in, script);
-    Result run;
-    const pid_t pid = ::fork();
-    if (pid == 0) {
-        const int fin = ::open(in.c_str(), O_RDONLY);
-        const int fout = ::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        const int ferr = ::open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        if (fin < 0 || fout < 0 || ferr < 0)
-            ::_exit(126);
-        ::dup2(fin, 0);
-        ::dup2(fout, 1);
-        ::dup2(ferr, 2);
-        ::alarm(60);
-        std::vector<char*> argv{const_cast<char*>(CORVANNA_DRIVE)};
-        for (const auto& a : args)
-            argv.push_back(const_cast<char*>(a.c_str()));
-        argv.push_back(nullptr);
-        ::execv(CORVANNA_DRIVE, argv.data());
-        ::_exit(127);
-    }
-    int status = 0;
-    if (pid > 0 && ::waitpid(pid, &status, 0) == pid) {
-        if (WIFEXITED(status))
-            run.exitCode = WEXITSTATUS(status);
-        else if (WIFSIGNALED(status))
-            run.exitCode = 1000 + WTERMSIG(status);
-    }
-    run.out = readAll(out);
-    run.err = readAll(err);
-    return run;
+    std::string command = "timeout 60 '" CORVANNA_DRIVE "'";
+    for (const auto& a : args)
+        command += " '" + a + "'";
+    command += " <'" + in.string() + "' >'" + out.string() + "' 2>'" + err.string() + "'";
+    const int status = std::system(command.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readAll(out), readAll(err)};
 }
 
 // The usual run: a fresh data folder and seed 1.
@@ -114,33 +89,15 @@ protected:
 TEST(DriveOptions, HelpListsEveryCommandAndOptionAndBadOptionsExitTwo) {
     const Result help = runDriver("", {"--help"});
     EXPECT_EQ(help.exitCode, 0);
-    for (const char* word : {"--data-dir DIR",
-                             "--seed N",
-                             "--help",
-                             "click FORM.CONTROL",
-                             "type FORM.CONTROL TEXT",
-                             "select FORM.CONTROL INDEX",
-                             "advance MS",
-                             "answer Yes|No|OK|Cancel",
-                             "get FORM.CONTROL",
-                             "get FORM.PROPERTY",
-                             "get VARIABLE",
-                             "dump FORM",
-                             "dblclick FORM.CONTROL",
-                             "enter FORM.CONTROL",
-                             "key FORM Enter|Escape|Tab|Shift+Tab",
-                             "keys FORM TEXT",
-                             "GAME.tfl",
-                             "\n  log ",
-                             "resize FORM W H",
-                             "minimize FORM",
-                             "restore FORM",
-                             "close FORM",
-                             "watch FORM",
-                             "RoundSeconds",
-                             "TakingScore",
-                             "FormLoadTime",
-                             "Deck(N)"})
+    // The words one a line, and log at the start of a line of its own.
+    EXPECT_NE(help.out.find("\n  log "), std::string::npos);
+    for (const std::string& word :
+         lines("--data-dir DIR\n--seed N\n--help\nclick FORM.CONTROL\ntype FORM.CONTROL TEXT\n"
+               "select FORM.CONTROL INDEX\nadvance MS\nanswer Yes|No|OK|Cancel\nget FORM.CONTROL\n"
+               "get FORM.PROPERTY\nget VARIABLE\ndump FORM\ndblclick FORM.CONTROL\n"
+               "enter FORM.CONTROL\nkey FORM Enter|Escape|Tab|Shift+Tab\nkeys FORM TEXT\n"
+               "GAME.tfl\nresize FORM W H\nminimize FORM\nrestore FORM\nclose FORM\nwatch FORM\n"
+               "RoundSeconds\nTakingScore\nFormLoadTime\nDeck(N)"))
         EXPECT_NE(help.out.find(word), std::string::npos) << word;
 
     for (const std::vector<std::string>& bad : {std::vector<std::string>{"--frobnicate"},
@@ -156,105 +113,26 @@ TEST(DriveOptions, HelpListsEveryCommandAndOptionAndBadOptionsExitTwo) {
     }
 }
 
-TEST_F(Drive, SelectorComesUpWithItsNineGames) {
-    struct Game {
-        const char* button;
-        const char* caption;
-        const char* tip;
-    };
-    const Game games[] = {
-        {"cmdTierfall", "&Tierfall", "Play Tierfall!"},
-        {"cmdFivestack", "&Fivestack", "Play Fivestack!"},
-        {"cmdHitspree", "&Hitspree", "Play Hitspree!"},
-        {"cmdSpirefold", "&Spirefold", "Play Spirefold!"},
-        {"cmdDuomatch", "&Duomatch", "Play Duomatch!"},
-        {"cmdGridflush", "&Gridflush", "Play Gridflush!"},
-        {"cmdColclear", "&Colclear", "Play Colclear!"},
-        {"cmdLettermine", "&Lettermine", "Play Lettermine!"},
-        {"cmdWildslot", "&Wildslot", "Play Wildslot!"},
-    };
-    std::string script = "get frmSelect.Caption\nget frmSelect.frmGameChoice.Caption\n";
-    std::string expected = "The Corvanna Collection\nSelect your game\n";
-    for (const auto& g : games) {
-        script += std::string("get frmSelect.") + g.button + ".Caption\n";
-        script += std::string("get frmSelect.") + g.button + ".ToolTipText\n";
-        expected += std::string(g.caption) + "\n" + g.tip + "\n";
-    }
-    script += "get frmSelect.Visible\nlog\n";
-    expected += "True\nshow frmSelect\n";
-    const Result r = drive(script);
-    EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(r.out, expected);
-    EXPECT_EQ(r.err, "");
-}
-
-TEST_F(Drive, GameButtonShowsTheGameAndHidesTheSelector) {
-    const Result r = drive(
-        "log\n"
-        "click frmSelect.cmdTierfall\n"
-        "log\n"
-        "get AppTitle\n"
-        "get frmTierfall.Caption\n"
-        "get frmSelect.Visible\n"
-        "get frmTierfall.Visible\n"
-        "click frmSelect.cmdFivestack\n");
-    EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(r.out,
-              "show frmSelect\n"
-              "show frmTierfall\n"
-              "hide frmSelect\n"
-              "Tierfall!\n"
-              "Tierfall! - Enhanced Scoring\n"
-              "False\n"
-              "True\n"
-              "error: frmSelect.cmdFivestack is on a form that is not shown\n");
-}
-
 // Each bad line says what is wrong in exactly one error line, and the driver goes on.
 TEST_F(Drive, BadInputGivesOneErrorPerLineAndTheDriverGoesOn) {
-    std::vector<std::string> bad{
-        "advance -5",
-        "advance abc",
-        "advance 99999999999999",
-        "advance 86400001",
-        "advance",
-        "frobnicate now",
-        "get frmNowhere.Caption",
-        "get frmSelect.cmdNowhere.Caption",
-        "get frmSelect.cmdClose.NoSuchProperty",
-        "get frmSelect.NoSuchProperty",
-        "get NoSuchVariable",
-        "get Deck(0)",
-        "get Deck(x)",
-        "get frmSelect",
-        "get frmSelect.imgSplashImage.Picture",
-        "get frmSelect.imgSplashImage(8).Picture",
-        "get frmSelect.imgSplashImage(-1).Picture",
-        "get frmSelect.imgSplashImage(2.Picture",
-        "get frmSelect.imgSplashImage(99999999999).Picture",
-        "click frmSelect",
-        "click",
-        "click frmSelect.cmdClose extra",
-        "type frmSelect.cmdClose text",
-        "select frmSelect.cmdClose 1",
-        "select frmSelect.cmdClose -1",
-        "enter frmSelect.cmdClose",
-        "dblclick frmSelect",
-        "enter frmSelect.cmdNowhere",
-        "answer Perhaps",
-        "resize frmSelect 0 7000",
-        "resize frmSelect 9000",
-        "resize frmNowhere 9000 7000",
-        "minimize frmNowhere",
-        "close frmNowhere",
-        "dump frmNowhere",
-        "log now",
-        "unwatch frmSelect.Caption",
-        std::string(200000, 'x'),
-        std::string("\x01\x02\xff\xfe junk \x7f", 11),
-        std::string("get frmSelect.\x01\x02", 16),
-        std::string(2000000, 'z'),  // past the line limit
-    };
+    std::vector<std::string> bad = lines(
+        "advance -5\nadvance abc\nadvance 99999999999999\nadvance 86400001\nadvance\n"
+        "frobnicate now\nget frmNowhere.Caption\nget frmSelect.cmdNowhere.Caption\n"
+        "get frmSelect.cmdClose.NoSuchProperty\nget frmSelect.NoSuchProperty\n"
+        "get NoSuchVariable\nget Deck(0)\nget Deck(x)\nget frmSelect\n"
+        "get frmSelect.imgSplashImage.Picture\nget frmSelect.imgSplashImage(8).Picture\n"
+        "get frmSelect.imgSplashImage(-1).Picture\nget frmSelect.imgSplashImage(2.Picture\n"
+        "get frmSelect.imgSplashImage(99999999999).Picture\nclick frmSelect\nclick\n"
+        "click frmSelect.cmdClose extra\ntype frmSelect.cmdClose text\n"
+        "select frmSelect.cmdClose 1\nselect frmSelect.cmdClose -1\nenter frmSelect.cmdClose\n"
+        "dblclick frmSelect\nenter frmSelect.cmdNowhere\nanswer Perhaps\n"
+        "resize frmSelect 0 7000\nresize frmSelect 9000\nresize frmNowhere 9000 7000\n"
+        "minimize frmNowhere\nclose frmNowhere\ndump frmNowhere\nlog now\n"
+        "unwatch frmSelect.Caption");
+    bad.push_back(std::string(200000, 'x'));
+    bad.push_back(std::string("\x01\x02\xff\xfe junk \x7f", 11));
+    bad.push_back(std::string("get frmSelect.\x01\x02", 16));
+    bad.push_back(std::string(2000000, 'z'));  // past the line limit
     std::string script;
     for (std::size_t i = 0; i < bad.size(); ++i)
         script += "echo mark " + std::to_string(i) + "\n" + bad[i] + "\n";
@@ -308,10 +186,15 @@ TEST_F(Drive, DisabledAndHiddenControlsRefuseTheClick) {
               "error: frmTierfall.cmdPause is not visible\n");
 }
 
-TEST_F(Drive, AnUnansweredMessageBoxIsAnErrorAndTakesTheDefault) {
+TEST_F(Drive, AGameButtonSwapsTheFormsAndAnUnansweredMessageBoxIsAnErrorAndTakesTheDefault) {
     const Result r = drive(
+        "log\n"
         "click frmSelect.cmdTierfall\n"
         "log\n"
+        "get AppTitle\n"
+        "get frmTierfall.Caption\n"
+        "get frmSelect.Visible\n"
+        "click frmSelect.cmdFivestack\n"
         "close frmTierfall\n"
         "log\n"
         "click frmSelect.cmdTierfall\n"
@@ -324,6 +207,10 @@ TEST_F(Drive, AnUnansweredMessageBoxIsAnErrorAndTakesTheDefault) {
               "show frmSelect\n"
               "show frmTierfall\n"
               "hide frmSelect\n"
+              "Tierfall!\n"
+              "Tierfall! - Enhanced Scoring\n"
+              "False\n"
+              "error: frmSelect.cmdFivestack is on a form that is not shown\n"
               "error: unanswered message box: Giving up so soon?\n"
               "msgbox Tierfall! | question | Giving up so soon? -> Yes\n"
               "show frmSelect\n"
@@ -335,30 +222,7 @@ TEST_F(Drive, AnUnansweredMessageBoxIsAnErrorAndTakesTheDefault) {
               "True\n");
 }
 
-TEST_F(Drive, UserIniIsWrittenAtStartAndClosingTheSelectorQuits) {
-    const Result r = drive(
-        "get UserName\n"
-        "click frmSelect.cmdClose\n"
-        "get UserName\n");
-    EXPECT_EQ(r.exitCode, 0);
-    EXPECT_EQ(r.out, "Unknown User\nquit\n");
-    EXPECT_EQ(readAll(data.path() / "User.ini"),
-              "[User Name]\r\nUnknown User\r\n\r\n[Hometown]\r\nUnknown\r\n\r\n[State]\r\nNone"
-              "\r\n\r\n[Country]\r\nUnited States\r\n\r\n");
-}
-
-TEST(DriveOptions, WithoutADataDirATemporaryOneIsUsedAndRemoved) {
-    const Result r = runDriver("get AppPath\nclose frmSelect\n", {});
-    EXPECT_EQ(r.exitCode, 0);
-    const auto out = lines(r.out);
-    ASSERT_EQ(out.size(), 2u) << r.out;
-    EXPECT_EQ(out[1], "quit");
-    ASSERT_GT(out[0].size(), 1u);
-    EXPECT_EQ(out[0].back(), '/');
-    EXPECT_FALSE(fs::exists(out[0])) << out[0];
-}
-
-TEST(DriveOptions, TheSeedDecidesTheDeal) {
+TEST(DriveOptions, TheSeedDecidesTheDealAndWithoutADataDirATemporaryOneIsUsedAndRemoved) {
     const std::string script = "click frmSelect.cmdTierfall\nclick frmTierfall.cmdPlay\nget Deck\n";
     TempDir a, b, c;
     const Result one = runDriver(script, {"--data-dir", a.path().string(), "--seed", "7"});
@@ -369,6 +233,15 @@ TEST(DriveOptions, TheSeedDecidesTheDeal) {
     EXPECT_EQ(std::count(cards.begin(), cards.end(), ' '), 51);
     EXPECT_EQ(one.out, again.out);
     EXPECT_NE(one.out, other.out);
+
+    const Result r = runDriver("get AppPath\nclose frmSelect\n", {});
+    EXPECT_EQ(r.exitCode, 0);
+    const auto out = lines(r.out);
+    ASSERT_EQ(out.size(), 2u) << r.out;
+    EXPECT_EQ(out[1], "quit");
+    ASSERT_GT(out[0].size(), 1u);
+    EXPECT_EQ(out[0].back(), '/');
+    EXPECT_FALSE(fs::exists(out[0])) << out[0];
 }
 
 // tests/scripts/NAME.cmd against NAME.out, word for word. The data folder's path
@@ -397,16 +270,6 @@ TEST(DriveTranscripts, EveryScriptGivesItsTranscript) {
             continue;
         }
         ASSERT_TRUE(fs::exists(expectedFile));
-        const auto want = lines(readAll(expectedFile));
-        const auto got = lines(r.out);
-        for (std::size_t i = 0; i < std::max(want.size(), got.size()); ++i) {
-            const std::string w = i < want.size() ? want[i] : "<end>";
-            const std::string g = i < got.size() ? got[i] : "<end>";
-            if (w != g) {
-                ADD_FAILURE() << "line " << i + 1 << ": expected\n  " << w << "\nbut got\n  " << g;
-                break;
-            }
-        }
         EXPECT_EQ(r.out, readAll(expectedFile));
     }
 }

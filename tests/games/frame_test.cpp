@@ -5,10 +5,12 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 
 #include "common/FileStore.h"
 #include "forms/Input.h"
 #include "games/GameRegistry.h"
+#include "games/tierfall/TierfallValues.h"
 #include "testkit/TestProgram.h"
 
 namespace corvanna {
@@ -37,7 +39,7 @@ struct CaptionRecorder {
 // Tierfall in its standard scoring, where the clock runs from the deal as in most games.
 GameFrame& openStandardTierfall(TestProgram& t) {
     GameFrame& f = t.openGame("frmTierfall");
-    t.prog.state.Tierfall.EnhancedScoring = false;
+    tierfallValues(t.prog).EnhancedScoring = false;
     return f;
 }
 
@@ -54,26 +56,6 @@ TEST(Frame, EveryGameOpensWithTheSharedControlsAndItsOwnNames) {
                   game.title + (game.formName == "frmTierfall" ? " - Enhanced Scoring" : ""));
         EXPECT_TRUE(f.visible());
         EXPECT_FALSE(t.select.visible());
-        for (const std::string name : {"cmdPlay",        "cmdPause",       "Timer1",
-                                       "Timer2",         "Timer4",         "Surface",
-                                       "TimerRectangle", "TimerBevelSide", "TimerBevelBottom",
-                                       "lblTime",        "lblRound",       "lblHighScore",
-                                       "frmSplash",      "lblProductName", "lblCompanyProduct",
-                                       "lblVersion",     "lblPlatform",    "StatusBar1",
-                                       "mnuPlay",        "mnuPause",       "mnuExit",
-                                       "mnuMusic",       "mnuSounds",      "mnuRules",
-                                       "mnuAbout"})
-            EXPECT_NE(f.find(name), nullptr) << name;
-        EXPECT_NE(f.find(game.exitButton), nullptr);
-        EXPECT_NE(f.find(game.scoreLabel), nullptr);
-        EXPECT_NE(f.find(game.messageLabel), nullptr);
-        EXPECT_NE(f.find(game.timeOfDayTimer), nullptr);
-        EXPECT_EQ(f.find("cmdTakeScore") != nullptr, game.hasTakeScore);
-        EXPECT_EQ(f.find("mnuDeck") != nullptr, !game.deckDesigns.empty());
-        EXPECT_EQ(f.find("lblCurrentRound") != nullptr, !game.roundLabelAlone);
-        for (int i = 0; i < 4; ++i)
-            EXPECT_NE(f.find("imgSplashImage", i), nullptr);
-
         EXPECT_EQ(f.cmdPlay.caption(), "&Play");
         EXPECT_EQ(f.cmdPlay.toolTipText(), "Starts a new game");
         EXPECT_EQ(f.cmdPause.caption(), game.pauseCaption);
@@ -310,7 +292,8 @@ TEST(Frame, NoRoundClockOrTuneRunsWhileMinimisedWhateverStartsOrResumesTheRound)
         TestProgram t;
         GameFrame& f = t.openGame(game.formName);
         auto& g = t.prog.state;
-        g.Tierfall.EnhancedScoring = false;  // Tierfall's clock runs from the deal, as others do
+        // Tierfall's clock runs from the deal, as others do.
+        tierfallValues(t.prog).EnhancedScoring = false;
         const int seconds = game.timeLimits.front().seconds;
         t.click(game.formName, "mnu" + std::to_string(seconds));
         t.click(game.formName, "mnuMusic");
@@ -659,6 +642,45 @@ TEST(Frame, NormalWindowIsHeldAtItsSmallestSize) {
     f.setWindowState(WindowState::Maximized);
     f.setSize(5000, 4000);
     EXPECT_EQ(f.width(), 5000);
+}
+
+// A game whose deal fails or throws, at the first round or a later one: the player is
+// told, the form goes, and no round clock, tune or half-shown form is left behind.
+TEST(Frame, ADealThatFailsOrThrowsClosesTheFormWithNothingRunning) {
+    struct BrokenDeal : GameFrame {
+        BrokenDeal(Program& p, const GameInfo& i, bool throws, int failingRound)
+            : GameFrame(p, i), throws_(throws), round_(failingRound) {}
+        bool DealRound() override {
+            if (program().state.RoundNumber < round_)
+                return true;
+            if (throws_)
+                throw std::runtime_error("no cards");
+            return false;
+        }
+        bool throws_;
+        int round_;
+    };
+    for (bool throws : {false, true}) {
+        for (int round : {1, 2}) {
+            SCOPED_TRACE(std::to_string(throws) + " at round " + std::to_string(round));
+            TestProgram t;
+            t.prog.state.AppTitle = "Spirefold!";
+            auto& f = t.prog.load<BrokenDeal>(*findGame("frmSpirefold"), throws, round);
+            f.Form_Load();
+            t.prog.state.MusicOn = true;
+            f.cmdPlay.Click();
+            if (round == 2)
+                f.cmdTakeScore->Click();
+            EXPECT_EQ(t.fake.messages().back(), "Unknown Error! Unable to play Spirefold!");
+            EXPECT_EQ(t.prog.findForm("frmSpirefold"), nullptr);
+            EXPECT_FALSE(t.fake.isRunning(f.Timer1));
+            EXPECT_FALSE(t.prog.state.GameInProgress);
+            EXPECT_FALSE(t.prog.state.TakingScore);
+            const auto log = t.fake.takeLog();
+            const auto start = std::find(log.rbegin(), log.rend(), "music start Orlund.MID");
+            EXPECT_LT(std::find(log.rbegin(), log.rend(), "music stop"), start);
+        }
+    }
 }
 
 }  // namespace corvanna

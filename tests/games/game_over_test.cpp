@@ -8,6 +8,7 @@
 
 #include "common/FileStore.h"
 #include "games/GameRegistry.h"
+#include "games/tierfall/TierfallValues.h"
 #include "testkit/TestProgram.h"
 
 namespace corvanna {
@@ -18,7 +19,7 @@ TEST(GameOver, EveryGameEndsInTheHighScoreTableWithItsNameAndFlashingRow) {
         TestProgram t;
         GameFrame& f = t.openGame(game.formName);
         auto& g = t.prog.state;
-        g.Tierfall.EnhancedScoring = false;  // Tierfall's clock runs from the deal
+        tierfallValues(t.prog).EnhancedScoring = false;  // Tierfall's clock runs from the deal
         t.click(game.formName, "cmdPlay");
         // Play every normal round to its time out; no bonus round at a score of 0.
         for (int round = 1; round < game.normalRounds; ++round)

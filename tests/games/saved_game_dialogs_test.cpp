@@ -20,6 +20,7 @@
 #include "forms/Input.h"
 #include "games/tierfall/SavedGame.h"
 #include "games/tierfall/TierfallBoard.h"
+#include "games/tierfall/TierfallValues.h"
 #include "games/tierfall/frmOpen.h"
 #include "games/tierfall/frmSave.h"
 #include "testkit/TestProgram.h"
@@ -45,13 +46,13 @@ struct Dialogs {
         g.UserName = "Marta Quill";
         g.RoundSeconds = 120;
         g.CustomScoring = false;
-        g.Tierfall.CardGoal = 12;
-        g.Tierfall.LastScore = 88000;
+        tierfallValues(t.prog).CardGoal = 12;
+        tierfallValues(t.prog).LastScore = 88000;
         auto deck = TierfallBoard::elevensDeck(12);
         std::shuffle(deck.begin() + 1, deck.end(), std::mt19937(5));
-        g.Tierfall.RoundDecks[0] = deck;
-        g.Tierfall.RoundDecks[1] = std::vector<std::string>(57);
-        g.Tierfall.RoundDecks[2] = std::vector<std::string>(57);
+        tierfallValues(t.prog).RoundDecks[0] = deck;
+        tierfallValues(t.prog).RoundDecks[1] = std::vector<std::string>(57);
+        tierfallValues(t.prog).RoundDecks[2] = std::vector<std::string>(57);
         folder = g.AppPath;
         t.fake.takeLog();
     }
@@ -115,7 +116,7 @@ TEST(SavedGameDialogs, SaveWritesTheLastGameUnderTheNameTypedWithTfl) {
     EXPECT_EQ(d.t.prog.findForm("frmSave"), nullptr);
     EXPECT_TRUE(d.t.fake.messages().empty());
     const std::string bytes = d.read("evening.tfl");
-    EXPECT_EQ(bytes, SavedGameText(d.t.prog.state, "Marta Quill"));
+    EXPECT_EQ(bytes, SavedGameText(d.t.prog.state, tierfallValues(d.t.prog), "Marta Quill"));
     EXPECT_TRUE(bytes.starts_with(
         "[Card Goal]\r\n12\r\n[Time Limit]\r\n120\r\n[Score]\r\n88000\r\n[Custom]\r\nFalse\r\n"
         "[UserName]\r\nMarta Quill\r\n[Round 1 Deck]\r\n"));
@@ -160,7 +161,8 @@ TEST(SavedGameDialogs, AnExistingFileIsReplacedOnlyOnYes) {
         EXPECT_TRUE(f.visible());
         d.click("frmSave", "cmdOK");
     }));
-    EXPECT_EQ(d.read("old.tfl"), SavedGameText(d.t.prog.state, "Marta Quill"));
+    EXPECT_EQ(d.read("old.tfl"),
+              SavedGameText(d.t.prog.state, tierfallValues(d.t.prog), "Marta Quill"));
     EXPECT_THAT(d.t.fake.takeLog(),
                 ::testing::IsSupersetOf(
                     {"msgbox Tierfall | question | " + std::string(kOverwrite) + " -> No",
@@ -182,7 +184,8 @@ TEST(SavedGameDialogs, AnExistingFileIsReplacedOnlyOnYes) {
     d.write("other.tfl", "another");
     d.t.fake.queueAnswer(MsgResult::Yes);
     EXPECT_TRUE(d.save([&](frmSave& f) { dblClickItem(f.File1, "other.tfl"); }));
-    EXPECT_EQ(d.read("other.tfl"), SavedGameText(d.t.prog.state, "Marta Quill"));
+    EXPECT_EQ(d.read("other.tfl"),
+              SavedGameText(d.t.prog.state, tierfallValues(d.t.prog), "Marta Quill"));
 }
 
 TEST(SavedGameDialogs, NamesThatLeaveTheFolderOrNameNoFileAreRefused) {

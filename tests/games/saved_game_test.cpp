@@ -34,9 +34,17 @@ std::string lines(const std::vector<std::string>& deck) {
     return out;
 }
 
+// The program's values with Tierfall's beside them, as a saved game is written from them.
+struct LastGame : AppState {
+    TierfallValues Tierfall;
+};
+std::string SavedGameText(const LastGame& g, const std::string& userName) {
+    return corvanna::SavedGameText(g, g.Tierfall, userName);
+}
+
 // The last game: goal 11, two rounds reached, the third still blank.
-AppState goal11Game() {
-    AppState g;
+LastGame goal11Game() {
+    LastGame g;
     g.Tierfall.CardGoal = 11;
     g.RoundSeconds = 90;
     g.Tierfall.LastScore = 123456;
@@ -47,7 +55,7 @@ AppState goal11Game() {
     return g;
 }
 
-std::string goal11Text(const AppState& g) {
+std::string goal11Text(const LastGame& g) {
     return "[Card Goal]\r\n11\r\n[Time Limit]\r\n90\r\n[Score]\r\n123456\r\n[Custom]\r\nTrue\r\n"
            "[UserName]\r\nMarta Quill\r\n[Round 1 Deck]\r\n" +
            lines(g.Tierfall.RoundDecks[0]) + "[Round 2 Deck]\r\n" +
@@ -71,7 +79,7 @@ std::string refusal(const std::string& text) {
 }  // namespace
 
 TEST(SavedGameFile, AGoal11GameIsWrittenAndReadBackByteForByte) {
-    const AppState g = goal11Game();
+    const LastGame g = goal11Game();
     const std::string text = SavedGameText(g, "Marta Quill");
     EXPECT_EQ(text, goal11Text(g));
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 10 + 1 + 52 + 1 + 52 + 1);
@@ -99,7 +107,7 @@ TEST(SavedGameFile, AGoal11GameIsWrittenAndReadBackByteForByte) {
 }
 
 TEST(SavedGameFile, AGoal14GameOfThreeRoundsByAnAnonymousUser) {
-    AppState g;
+    LastGame g;
     g.Tierfall.CardGoal = 14;
     g.RoundSeconds = 30;
     g.Tierfall.LastScore = 0;
@@ -127,7 +135,7 @@ TEST(SavedGameFile, AGoal14GameOfThreeRoundsByAnAnonymousUser) {
 }
 
 TEST(SavedGameFile, OnlyTheRoundsThatWereDealtAreWritten) {
-    AppState g = goal11Game();
+    LastGame g = goal11Game();
     g.Tierfall.RoundDecks[1] = std::vector<std::string>(53);  // blanks: never reached
     g.Tierfall.RoundDecks[2].clear();                         // never even sized
     const std::string text = SavedGameText(g, "Ola");
@@ -206,7 +214,7 @@ TEST(SavedGameFile, TheMessageWithAndWithoutADifferentTimeLimit) {
 }
 
 TEST(SavedGameFile, DamagedFilesAreRefusedWithTheirReason) {
-    const AppState g = goal11Game();
+    const LastGame g = goal11Game();
     const std::string good = SavedGameText(g, "Ola");
     ASSERT_EQ(refusal(good), "accepted");
 
@@ -251,7 +259,7 @@ TEST(SavedGameFile, DamagedFilesAreRefusedWithTheirReason) {
     oneAceTooMany.replace(some2, 6, "\r\n1S\r\n");
     EXPECT_EQ(refusal(oneAceTooMany), "round 2 deck does not hold the cards of card goal 11");
     // A goal 12 deck read as goal 11: its first 52 cards are not a goal 11 deck.
-    AppState g12 = goal11Game();
+    LastGame g12 = goal11Game();
     g12.Tierfall.CardGoal = 12;
     g12.Tierfall.RoundDecks[0] = shuffledDeck(12, 7);
     g12.Tierfall.RoundDecks[1].clear();
@@ -284,7 +292,7 @@ TEST(SavedGameFile, DamagedFilesAreRefusedWithTheirReason) {
 }
 
 TEST(SavedGameFile, WhatAReaderMustTolerate) {
-    const AppState g = goal11Game();
+    const LastGame g = goal11Game();
     const std::string good = SavedGameText(g, "Ola");
     SavedGame game;
     std::string reason;

@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include "games/tierfall/TierfallBot.h"
+#include "games/tierfall/TierfallValues.h"
 #include "games/tierfall/frmTierfall.h"
+#include "games/tierfall/modTierfall.h"
 #include "scores/HighScoreTable.h"
 #include "scores/HighScores.h"
 #include "testkit/TestProgram.h"
-#include "testkit/TierfallBot.h"
 
 namespace corvanna {
 
@@ -17,7 +19,7 @@ TEST(TierfallBot, RandomGamesEndIdleAndKeepTheTableInOrder) {
         TestProgram t(7);
         auto& f = static_cast<frmTierfall&>(t.openGame("frmTierfall"));
         auto& g = t.prog.state;
-        g.Tierfall.EnhancedScoring = enhanced;
+        tierfallValues(t.prog).EnhancedScoring = enhanced;
         g.BonusRoundScore = 40000;  // often reached, so the bonus round is played too
         TierfallBot bot(t.prog, t.fake, f, 11);
         int bonusRounds = 0;
@@ -41,8 +43,7 @@ TEST(TierfallBot, RandomGamesEndIdleAndKeepTheTableInOrder) {
             EXPECT_LT(score, 3 * (22 * 700 + 43 * 600 + 10000 + 65 * 1500 + 43 * 1000 + 9000));
         }
         EXPECT_GT(bonusRounds, 0);
-        HighScoreTable table(
-            HighScoreFilePath(t.prog, HighScoreTableName(TierfallHiScoreTable, 11, enhanced)));
+        HighScoreTable table(HighScoreFilePath(t.prog, TierfallTableName(11, enhanced)));
         ASSERT_TRUE(table.read(nullptr));
         const auto& rows = table.rows();
         ASSERT_EQ(rows.size(), 10u);

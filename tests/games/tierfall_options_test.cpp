@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include "common/FileStore.h"
+#include "games/tierfall/TierfallValues.h"
 #include "games/tierfall/frmTierfall.h"
 #include "games/tierfall/frmTierfallCustomScoring.h"
 #include "scores/HighScoreTable.h"
@@ -78,7 +79,7 @@ TEST(TierfallOptions, GoalColourAndCountDownMenusAndTheTableOfEachGoal) {
     const std::string twelve = t.prog.filePath("ES Tierfall Hi Score Table 12_90.Txt");
     ASSERT_TRUE(writeFileAtomic(twelve, HighScoreTable::seedText(61234)));
     t.click("frmTierfall", "mnu12");
-    EXPECT_EQ(t.prog.state.Tierfall.CardGoal, 12);
+    EXPECT_EQ(tierfallValues(t.prog).CardGoal, 12);
     EXPECT_TRUE(f.mnuGoals[2]->checked());
     EXPECT_FALSE(f.mnuGoals[1]->checked());
     EXPECT_EQ(f.lblElevens.caption(), "Twelves:");
@@ -118,7 +119,7 @@ TEST(TierfallOptions, ChoicesComeBackAfterCloseAndReopenAndOddValuesAreReadAsThe
         leave(t);
     }
     frmTierfall& f = open(t);
-    const auto& v = t.prog.state.Tierfall;
+    const auto& v = tierfallValues(t.prog);
     EXPECT_EQ(v.CardGoal, 13);
     EXPECT_TRUE(f.mnuGoals[3]->checked());
     EXPECT_EQ(f.lblElevens.caption(), "Thirteens:");
@@ -198,9 +199,9 @@ TEST(TierfallOptions, ScoringDialogChecksItsFieldsInOrderAndStaysOpenOnTheFirstB
     });
     EXPECT_EQ(t.prog.findForm("frmTierfallCustomScoring"), nullptr);
     EXPECT_EQ(g.BonusRoundScore, 90);
-    EXPECT_EQ(g.Tierfall.CompletionBonus, 5000000);
+    EXPECT_EQ(tierfallValues(t.prog).CompletionBonus, 5000000);
     EXPECT_EQ(g.TimeBonus, 250);
-    EXPECT_EQ(g.Tierfall.CardBonus, 2500);
+    EXPECT_EQ(tierfallValues(t.prog).CardBonus, 2500);
     EXPECT_TRUE(g.CustomScoring);
     EXPECT_EQ(f.StatusBar1.panelText(1), "Make 90 for Bonus Round!   ");
     EXPECT_EQ(t.fake.messages().size(), 3u);
@@ -216,8 +217,8 @@ TEST(TierfallOptions, ScoringDialogChecksItsFieldsInOrderAndStaysOpenOnTheFirstB
         EXPECT_FALSE(d.lblCardBonus.enabled());
         t.click(d.name(), "cmdOK");
     });
-    EXPECT_FALSE(g.Tierfall.EnhancedScoring);
-    EXPECT_EQ(g.Tierfall.ElevensBonus, 1500);
+    EXPECT_FALSE(tierfallValues(t.prog).EnhancedScoring);
+    EXPECT_EQ(tierfallValues(t.prog).ElevensBonus, 1500);
     EXPECT_FALSE(g.CustomScoring);
     EXPECT_EQ(f.caption(), "Tierfall!");
     EXPECT_EQ(f.UpCardPicture.toolTipText(), "100 points");
@@ -229,7 +230,7 @@ TEST(TierfallOptions, ScoringDialogChecksItsFieldsInOrderAndStaysOpenOnTheFirstB
         d.txtBonus.setText("1");
         t.click(d.name(), "cmdCancel");
     });
-    EXPECT_FALSE(g.Tierfall.EnhancedScoring);
+    EXPECT_FALSE(tierfallValues(t.prog).EnhancedScoring);
     EXPECT_EQ(g.BonusRoundScore, 80000);
     EXPECT_TRUE(t.fake.takeErrors().empty());
 }
@@ -242,7 +243,7 @@ TEST(TierfallOptions, DefaultGivesTheDefaultsInEitherModeAndARaisedCardBonusIsCu
         t.click(d.name(), "chkScoring");  // the standard mode, 1,500 a combination
         t.click(d.name(), "cmdOK");
     });
-    ASSERT_FALSE(g.Tierfall.EnhancedScoring);
+    ASSERT_FALSE(tierfallValues(t.prog).EnhancedScoring);
     // Default from the standard mode: the enhanced mode with its own 1,000.
     scoring(t, [&](frmTierfallCustomScoring& d) {
         EXPECT_EQ(d.txtElevensBonus.text(), "1500");
@@ -252,9 +253,9 @@ TEST(TierfallOptions, DefaultGivesTheDefaultsInEitherModeAndARaisedCardBonusIsCu
         EXPECT_TRUE(d.txtCardBonus.enabled());
         t.click(d.name(), "cmdOK");
     });
-    EXPECT_TRUE(g.Tierfall.EnhancedScoring);
-    EXPECT_EQ(g.Tierfall.ElevensBonusES, 1000);
-    EXPECT_EQ(g.Tierfall.ElevensBonus, 1500);
+    EXPECT_TRUE(tierfallValues(t.prog).EnhancedScoring);
+    EXPECT_EQ(tierfallValues(t.prog).ElevensBonusES, 1000);
+    EXPECT_EQ(tierfallValues(t.prog).ElevensBonus, 1500);
     EXPECT_FALSE(g.CustomScoring);
     EXPECT_EQ(f.caption(), "Tierfall! - Enhanced Scoring");
 
@@ -266,7 +267,7 @@ TEST(TierfallOptions, DefaultGivesTheDefaultsInEitherModeAndARaisedCardBonusIsCu
     EXPECT_TRUE(g.CustomScoring);
     leave(t);
     open(t);
-    EXPECT_EQ(g.Tierfall.CardBonus, 5000000);
+    EXPECT_EQ(tierfallValues(t.prog).CardBonus, 5000000);
     EXPECT_TRUE(g.CustomScoring);
     EXPECT_TRUE(t.fake.takeErrors().empty());
 }

@@ -11,6 +11,7 @@
 #include <sstream>
 
 #include "games/TierfallTable.h"
+#include "games/tierfall/TierfallValues.h"
 
 namespace corvanna {
 
@@ -47,7 +48,7 @@ TEST(TierfallPlay, SeedOneDealsTheGoldenBoard) {
     EXPECT_EQ(x.f.UpCardPicture.picture(), x.pic(deck[23]));
     EXPECT_EQ(x.f.board.PlayPile[0], deck[23]);
     EXPECT_EQ(x.f.board.PlayPile[29], deck[52]);
-    EXPECT_EQ(x.g.Tierfall.RoundDecks[0], deck);
+    EXPECT_EQ(tierfallValues(x.t.prog).RoundDecks[0], deck);
     EXPECT_EQ(x.f.lblCardCount.caption(), "Cards: 30");
     EXPECT_EQ(x.f.PlayCardPicture.picture(), x.pic("FULL"));
     EXPECT_EQ(x.f.lblCurrentTotal.caption(), "0");

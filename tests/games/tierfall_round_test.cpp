@@ -8,6 +8,7 @@
 
 #include "common/FileStore.h"
 #include "games/TierfallTable.h"
+#include "games/tierfall/TierfallValues.h"
 
 namespace corvanna {
 
@@ -99,7 +100,7 @@ std::vector<std::int32_t> playFiveCombinationsAndADraw(Table& x) {
 
 TEST(TierfallRound, StandardRoundByHandPaysRowsCombinationsAndSecondsLeft) {
     Table x;
-    x.g.Tierfall.EnhancedScoring = false;
+    tierfallValues(x.t.prog).EnhancedScoring = false;
     x.playStacked(kRoundStack);
     EXPECT_EQ(x.f.FieldCardPicture[0]->toolTipText(), "700 points");
     EXPECT_EQ(x.f.FieldCardPicture[21]->toolTipText(), "200 points");
@@ -154,8 +155,8 @@ TEST(TierfallRound, StandardRoundByHandPaysRowsCombinationsAndSecondsLeft) {
     EXPECT_EQ(x.g.RoundNumber, 2);
     EXPECT_EQ(x.f.lblCurrentRound->caption(), "2");
     EXPECT_EQ(x.f.lblCurrentScore.caption(), "18,500");
-    EXPECT_EQ(x.g.Tierfall.RoundDecks[0], stackedDeck(kRoundStack));
-    EXPECT_EQ(x.g.Tierfall.RoundDecks[1], x.g.Deck);
+    EXPECT_EQ(tierfallValues(x.t.prog).RoundDecks[0], stackedDeck(kRoundStack));
+    EXPECT_EQ(tierfallValues(x.t.prog).RoundDecks[1], x.g.Deck);
     EXPECT_TRUE(x.t.fake.takeErrors().empty());
 }
 
@@ -229,8 +230,8 @@ TEST(TierfallRound, ClearedBoardPaysCompletionCombinationsCardsLeftAndSeconds) {
         SCOPED_TRACE(std::to_string(c.enhanced) + std::to_string(c.countDown) +
                      std::to_string(c.completion));
         Table x;
-        x.g.Tierfall.EnhancedScoring = c.enhanced;
-        x.g.Tierfall.CompletionBonus = c.completion;
+        tierfallValues(x.t.prog).EnhancedScoring = c.enhanced;
+        tierfallValues(x.t.prog).CompletionBonus = c.completion;
         x.g.CountDownScore = c.countDown;
         x.playStacked();
         leaveTheBottomTier(x);
@@ -272,7 +273,7 @@ TEST(TierfallRound, ClearedBoardPaysCompletionCombinationsCardsLeftAndSeconds) {
 
 TEST(TierfallRound, CombinationBonusIsNamedByTheGoal) {
     Table x;
-    x.g.Tierfall.CardGoal = 12;
+    tierfallValues(x.t.prog).CardGoal = 12;
     x.t.click("frmTierfall", "cmdPlay");
     EXPECT_EQ(x.f.lblElevens.caption(), "Twelves:");
     EXPECT_EQ(x.f.lblCardCount.caption(), "Cards: 34");
@@ -296,7 +297,7 @@ TEST(TierfallRound, TimeOutKeepsTheBoardInViewUnderTimesUpAndPaysNoSeconds) {
     for (const bool enhanced : {false, true}) {
         SCOPED_TRACE(enhanced ? "enhanced" : "standard");
         Table x;
-        x.g.Tierfall.EnhancedScoring = enhanced;
+        tierfallValues(x.t.prog).EnhancedScoring = enhanced;
         x.t.click("frmTierfall", "mnu30");
         x.playStacked();
         if (enhanced) {
@@ -413,7 +414,7 @@ TEST(TierfallRound, BonusRoundAtTheBonusScoreAndGameOverOnePointBelow) {
         }
         EXPECT_FALSE(g.GameInProgress);
         EXPECT_EQ(g.RoundNumber, 1);
-        EXPECT_EQ(g.Tierfall.LastScore, g.Score);
+        EXPECT_EQ(tierfallValues(t.prog).LastScore, g.Score);
         EXPECT_EQ(f.StatusBar1.panelText(2), "Game over");
         EXPECT_EQ(f.lblMessage.caption(), "Game Over");
         EXPECT_FALSE(f.lblMessage.visible());
@@ -458,15 +459,15 @@ TEST(TierfallRound, ReplayDealsTheLastGamesDecksAndShufflesARoundItNeverReached)
     x.t.click("frmTierfall", "cmdTakeScore");
     x.t.click("frmTierfall", "cmdTakeScore");  // 18,000: game over after round two
     ASSERT_FALSE(x.g.GameInProgress);
-    const auto decks = x.g.Tierfall.RoundDecks;
+    const auto decks = tierfallValues(x.t.prog).RoundDecks;
     EXPECT_NE(decks[0], decks[1]);
     EXPECT_EQ(decks[2], std::vector<std::string>(53));  // never reached: blanks
 
     x.g.BonusRoundScore = 18000;               // the replay earns the bonus round
     x.t.click("frmTierfall", "cmdTakeScore");  // "&Replay"
     EXPECT_TRUE(x.g.GameInProgress);
-    EXPECT_TRUE(x.g.Tierfall.ReplayRequested);
-    EXPECT_EQ(x.g.Tierfall.LastScore, 18000);
+    EXPECT_TRUE(tierfallValues(x.t.prog).ReplayRequested);
+    EXPECT_EQ(tierfallValues(x.t.prog).LastScore, 18000);
     EXPECT_EQ(x.g.Score, 0);
     EXPECT_EQ(x.f.cmdPlay.caption(), "&End Game");
     EXPECT_EQ(x.f.cmdTakeScore->caption(), "&Take Score");
@@ -478,8 +479,8 @@ TEST(TierfallRound, ReplayDealsTheLastGamesDecksAndShufflesARoundItNeverReached)
     EXPECT_EQ(x.f.board.FieldCards[0], decks[1][1]);
     x.t.click("frmTierfall", "cmdTakeScore");
     ASSERT_EQ(x.g.RoundNumber, 3);
-    EXPECT_FALSE(x.g.Tierfall.ReplayRequested);
-    EXPECT_EQ(x.g.Tierfall.RoundDecks[2], x.g.Deck);
+    EXPECT_FALSE(tierfallValues(x.t.prog).ReplayRequested);
+    EXPECT_EQ(tierfallValues(x.t.prog).RoundDecks[2], x.g.Deck);
     EXPECT_NE(x.g.Deck, decks[1]);  // shuffled anew
 }
 
@@ -488,8 +489,8 @@ TEST(TierfallRound, ReplayUnderANewGoalDealsTheOldDecks) {
     x.t.click("frmTierfall", "cmdPlay");
     x.t.click("frmTierfall", "cmdTakeScore");
     x.t.click("frmTierfall", "cmdTakeScore");
-    const auto first = x.g.Tierfall.RoundDecks[0];
-    x.g.Tierfall.CardGoal = 12;
+    const auto first = tierfallValues(x.t.prog).RoundDecks[0];
+    tierfallValues(x.t.prog).CardGoal = 12;
     x.t.click("frmTierfall", "cmdTakeScore");
     EXPECT_EQ(x.g.Deck, first);  // 52 cards, no jacks
     EXPECT_EQ(x.f.board.CardGoal, 12);
@@ -529,7 +530,7 @@ TEST(TierfallRound, EndGameAsksFirstRecordsNothingAndOffersReplay) {
     EXPECT_EQ(t.fake.messages().back(),
               "You have a game in progress, are you sure you want to quit now?");
     EXPECT_FALSE(g.GameInProgress);
-    EXPECT_EQ(g.Tierfall.LastScore, 4321);
+    EXPECT_EQ(tierfallValues(t.prog).LastScore, 4321);
     EXPECT_EQ(g.Score, 0);
     EXPECT_EQ(f.lblCurrentScore.caption(), "0");
     EXPECT_EQ(f.cmdPlay.caption(), "&Play");
@@ -562,7 +563,7 @@ TEST(TierfallRound, AnEndedRoundOrGameLeavesTheClockEmptyAndStillAndTheTuneOff) 
     TestProgram t;
     auto& f = static_cast<frmTierfall&>(t.openGame("frmTierfall"));
     auto& g = t.prog.state;
-    g.Tierfall.EnhancedScoring = false;
+    tierfallValues(t.prog).EnhancedScoring = false;
     t.click("frmTierfall", "mnu30");
     t.click("frmTierfall", "mnuDrawTimer");  // seconds left are paid at once
     g.BonusRoundScore = 1;                   // every game earns its bonus round
@@ -616,7 +617,7 @@ TEST(TierfallRound, AnEndedRoundOrGameLeavesTheClockEmptyAndStillAndTheTuneOff) 
 TEST(TierfallRound, ScoreBelowZeroStandsInRed) {
     for (const bool enhanced : {false, true}) {
         Table x;
-        x.g.Tierfall.EnhancedScoring = enhanced;
+        tierfallValues(x.t.prog).EnhancedScoring = enhanced;
         x.playStacked();
         x.f.board.cardPresent[5] = false;  // a gap in row 3
         x.f.PaintBoard();
@@ -636,8 +637,8 @@ TEST(TierfallRound, AReplayThatCannotBeDealtSaysSoAndLeavesTheForm) {
     t.openGame("frmTierfall");
     auto& g = t.prog.state;
     // A damaged last game: its first deck is too short for a board.
-    g.Tierfall.ReplayRequested = true;
-    g.Tierfall.RoundDecks[0] = {"", "1S", "2S"};
+    tierfallValues(t.prog).ReplayRequested = true;
+    tierfallValues(t.prog).RoundDecks[0] = {"", "1S", "2S"};
     t.fake.queueAnswer(MsgResult::OK);
     t.fake.queueAnswer(MsgResult::OK);
     t.click("frmTierfall", "cmdPlay");

@@ -8,6 +8,7 @@
 #include "TierfallTable.h"
 #include "common/FileStore.h"
 #include "games/tierfall/SavedGame.h"
+#include "games/tierfall/TierfallValues.h"
 #include "games/tierfall/frmOpen.h"
 #include "games/tierfall/frmSave.h"
 #include "shell/Startup.h"
@@ -119,13 +120,13 @@ TEST(TierfallSavedGames, AnotherPlayerOpensTheSavedGameAndReplaysItsDeals) {
     first.click("frmTierfall", "cmdTakeScore");
     first.click("frmTierfall", "cmdTakeScore");
     ASSERT_FALSE(first.prog.state.GameInProgress);
-    const auto decks = first.prog.state.Tierfall.RoundDecks;
+    const auto decks = tierfallValues(first.prog).RoundDecks;
     ASSERT_NE(decks[2][1], "");
     saveThroughMenu(first, "three rounds", "Ada");
     const std::string path = first.prog.filePath("three rounds.tfl");
     std::string bytes;
     ASSERT_EQ(readWholeFile(path, bytes), ReadStatus::Ok);
-    EXPECT_EQ(bytes, SavedGameText(first.prog.state, "Ada"));
+    EXPECT_EQ(bytes, SavedGameText(first.prog.state, tierfallValues(first.prog), "Ada"));
 
     TestProgram second(99);
     frmTierfall& f = openTierfall(second);
@@ -140,7 +141,7 @@ TEST(TierfallSavedGames, AnotherPlayerOpensTheSavedGameAndReplaysItsDeals) {
                                     "in this game. \nCustomized scoring was not in effect when "
                                     "this game was played.  -> OK"));
     EXPECT_TRUE(g.GameInProgress);
-    EXPECT_TRUE(g.Tierfall.ReplayRequested);
+    EXPECT_TRUE(tierfallValues(second.prog).ReplayRequested);
     EXPECT_EQ(f.cmdPlay.caption(), "&End Game");
     EXPECT_FALSE(f.frmSplash.visible());
     EXPECT_FALSE(second.fake.isRunning(f.Timer4));
@@ -163,11 +164,11 @@ TEST(TierfallSavedGames, AGoal14GameSetsTheGoalAndARoundNeverReachedIsShuffledAn
                                 savedGameFile(14, 90, "160001", "Bo, of the hills")));
     t.fake.queueAnswer(MsgResult::OK);
     openThroughMenu(t, t.dataDir(), "fourteen.tfl");
-    EXPECT_EQ(g.Tierfall.CardGoal, 14);
+    EXPECT_EQ(tierfallValues(t.prog).CardGoal, 14);
     EXPECT_TRUE(f.mnuGoals[4]->checked());
     EXPECT_FALSE(f.mnuGoals[1]->checked());
     EXPECT_EQ(f.lblElevens.caption(), "Fourteens:");
-    EXPECT_EQ(g.Tierfall.RoundDecks[0].size(), 65u);
+    EXPECT_EQ(tierfallValues(t.prog).RoundDecks[0].size(), 65u);
     auto reversed = TierfallBoard::elevensDeck(14);
     std::reverse(reversed.begin() + 1, reversed.end());
     expectDealt(f, reversed);
@@ -180,7 +181,7 @@ TEST(TierfallSavedGames, AGoal14GameSetsTheGoalAndARoundNeverReachedIsShuffledAn
     t.click("frmTierfall", "cmdTakeScore");
     ASSERT_EQ(g.RoundNumber, 3);
     EXPECT_EQ(g.Deck.size(), 65u);
-    EXPECT_FALSE(g.Tierfall.ReplayRequested);
+    EXPECT_FALSE(tierfallValues(t.prog).ReplayRequested);
     EXPECT_THAT(t.fake.takeErrors(), ElementsAre());
 }
 
@@ -232,7 +233,7 @@ TEST(TierfallSavedGames, ADamagedFileChangesNothingAndTheDialogStaysOpen) {
     frmTierfall& f = openTierfall(t);
     auto& g = t.prog.state;
     playShortGame(t);
-    const auto decksBefore = g.Tierfall.RoundDecks;
+    const auto decksBefore = tierfallValues(t.prog).RoundDecks;
     std::string goal14 = savedGameFile(14, 90, "1", "x");
     const std::vector<std::pair<std::string, std::string>> damaged{
         {"cut.tfl", goal14.substr(0, goal14.size() / 2)},
@@ -267,11 +268,11 @@ TEST(TierfallSavedGames, ADamagedFileChangesNothingAndTheDialogStaysOpen) {
     EXPECT_EQ(t.fake.messages(), std::vector<std::string>(damaged.size() + 1, kOpenError));
     EXPECT_THAT(t.fake.takeLog(), ::testing::Contains("msgbox Tierfall! | critical | " +
                                                       std::string(kOpenError) + " -> OK"));
-    EXPECT_EQ(g.Tierfall.CardGoal, 11);
+    EXPECT_EQ(tierfallValues(t.prog).CardGoal, 11);
     EXPECT_TRUE(f.mnuGoals[1]->checked());
-    EXPECT_EQ(g.Tierfall.RoundDecks, decksBefore);
+    EXPECT_EQ(tierfallValues(t.prog).RoundDecks, decksBefore);
     EXPECT_FALSE(g.GameInProgress);
-    EXPECT_FALSE(g.Tierfall.ReplayRequested);
+    EXPECT_FALSE(tierfallValues(t.prog).ReplayRequested);
     EXPECT_EQ(f.cmdTakeScore->caption(), "&Replay");
     EXPECT_TRUE(f.mnuSave.enabled());
     EXPECT_THAT(t.fake.takeErrors(), ElementsAre());
@@ -296,7 +297,7 @@ TEST(TierfallSavedGames, TheProgramStartedWithAGameOpensTierfallAndReplaysItOnce
     EXPECT_THAT(fake.messages(),
                 ElementsAre(HasSubstr("This game was saved by Cy. He or she earned a respectable "
                                       "score of 99,000 in this game.")));
-    EXPECT_EQ(prog.state.Tierfall.CardGoal, 12);
+    EXPECT_EQ(tierfallValues(prog).CardGoal, 12);
     EXPECT_EQ(prog.state.RoundSeconds, 60);
     EXPECT_TRUE(prog.state.GameInProgress);
     auto reversed = TierfallBoard::elevensDeck(12);

@@ -20,18 +20,6 @@
 namespace corvanna {
 namespace {
 
-void ensureCardArtApp() {
-    qtTestApp();
-}
-
-std::vector<std::string> allPictures() {
-    PictureStore store;
-    std::vector<std::string> names;
-    for (int slot = 1; slot <= PictureStore::kSlots; ++slot)
-        names.push_back(store.pictureOfSlot(slot));
-    return names;
-}
-
 QImage render(const std::string& name, QSize size, qreal dpr = 1) {
     return CardArt::pixmap(name, size, dpr).toImage().convertToFormat(QImage::Format_ARGB32);
 }
@@ -107,27 +95,23 @@ double differingShare(const QImage& a, const QImage& b) {
     return double(differ) / (a.width() * a.height());
 }
 
+// The average colour of an area: smooth scaling to one pixel averages over the whole area.
 QColor meanColour(const QImage& img, const QRect& area) {
-    double r = 0, g = 0, b = 0;
-    long n = 0;
-    for (int y = area.top(); y <= area.bottom(); ++y)
-        for (int x = area.left(); x <= area.right(); ++x) {
-            const QRgb c = img.pixel(x, y);
-            r += qRed(c);
-            g += qGreen(c);
-            b += qBlue(c);
-            ++n;
-        }
-    return QColor(int(r / n), int(g / n), int(b / n));
+    return img.copy(area)
+        .scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .pixelColor(0, 0);
 }
 
 class CardArtPictures : public ::testing::Test {
 protected:
-    void SetUp() override { ensureCardArtApp(); }
+    void SetUp() override { qtTestApp(); }
 };
 
 TEST_F(CardArtPictures, EveryPictureIsDrawnAtItsRealPixelSize) {
-    const std::vector<std::string> names = allPictures();
+    PictureStore store;
+    std::vector<std::string> names;
+    for (int slot = 1; slot <= PictureStore::kSlots; ++slot)
+        names.push_back(store.pictureOfSlot(slot));
     ASSERT_EQ(names.size(), 68u);
     struct Case {
         QSize size;
@@ -161,16 +145,6 @@ TEST_F(CardArtPictures, EveryPictureIsDrawnAtItsRealPixelSize) {
         }
 }
 
-TEST_F(CardArtPictures, SamePictureComesFromTheCacheAndEachSizeIsItsOwn) {
-    const QPixmap first = CardArt::pixmap("9C", QSize(69, 94), 1);
-    EXPECT_EQ(CardArt::pixmap("9C", QSize(69, 94), 1).cacheKey(), first.cacheKey());
-    EXPECT_NE(CardArt::pixmap("9C", QSize(70, 95), 1).cacheKey(), first.cacheKey());
-    const QPixmap sharp = CardArt::pixmap("9C", QSize(69, 94), 2);
-    EXPECT_NE(sharp.cacheKey(), first.cacheKey());
-    EXPECT_EQ(sharp.size(), QSize(138, 188));
-    EXPECT_EQ(CardArt::pixmap("9C", QSize(69, 94), 2).cacheKey(), sharp.cacheKey());
-}
-
 TEST_F(CardArtPictures, EdgesLieOnWholePixels) {
     // A snapped border covers the outermost pixel fully; a blurred one would leave it
     // half see-through, and right inside the border the card is white.
@@ -190,10 +164,8 @@ TEST_F(CardArtPictures, EdgesLieOnWholePixels) {
         }
 }
 
-TEST_F(CardArtPictures, PipCardsShowTheirRankInPips) {
-    EXPECT_EQ(countPips("7H"), 7);
-    EXPECT_EQ(countPips("10S"), 10);
-    EXPECT_EQ(countPips("2D"), 2);
+// Counted in the suit's own ink: red for hearts and diamonds, near black for the others.
+TEST_F(CardArtPictures, PipCardsShowTheirRankInPipsOfTheSuitsColour) {
     for (char suit : {'S', 'H', 'C', 'D'})
         for (int rank = 1; rank <= 10; ++rank) {
             const std::string face = std::to_string(rank) + suit;
@@ -201,29 +173,11 @@ TEST_F(CardArtPictures, PipCardsShowTheirRankInPips) {
         }
 }
 
-TEST_F(CardArtPictures, PipsAreInTheSuitsColour) {
-    // The three has a pip in the very middle of the card.
-    for (char suit : {'S', 'H', 'C', 'D'}) {
-        const std::string face = std::string("3") + suit;
-        const QImage img = render(face, QSize(138, 188));
-        const QColor centre =
-            meanColour(img, QRect(img.width() / 2 - 1, img.height() / 2 - 1, 3, 3));
-        if (suit == 'H' || suit == 'D') {
-            EXPECT_GT(centre.red(), 140) << face;
-            EXPECT_LT(centre.green(), 60) << face;
-            EXPECT_LT(centre.blue(), 80) << face;
-        } else {
-            EXPECT_LT(std::max({centre.red(), centre.green(), centre.blue()}), 60) << face;
-        }
-    }
-}
-
 TEST_F(CardArtPictures, CornerIndexStaysOnTinyCards) {
     // At the smallest window the corner index is what the player reads.
     for (const char* name : {"10H", "7S", "12D", "1C"}) {
         const QImage img = render(name, QSize(35, 47));
-        const bool red =
-            name[std::string(name).size() - 1] == 'H' || name[std::string(name).size() - 1] == 'D';
+        const bool red = std::string("HD").find(std::string(name).back()) != std::string::npos;
         auto ink = [&](QRgb c) {
             return qAlpha(c) > 200 && (red ? qRed(c) > 120 && qGreen(c) < 120
                                            : std::max({qRed(c), qGreen(c), qBlue(c)}) < 110);
@@ -237,18 +191,6 @@ TEST_F(CardArtPictures, CornerIndexStaysOnTinyCards) {
         EXPECT_GT(topLeft, 20) << name;
         EXPECT_NEAR(topLeft, bottomRight, topLeft / 5)
             << name << ": one corner is the other turned";
-    }
-}
-
-TEST_F(CardArtPictures, FacesOfDifferentRanksDiffer) {
-    for (char suit : {'S', 'H', 'C', 'D'}) {
-        std::vector<QImage> faces;
-        for (int rank = 1; rank <= 13; ++rank)
-            faces.push_back(render(std::to_string(rank) + suit, QSize(69, 94)));
-        for (int a = 0; a < 13; ++a)
-            for (int b = a + 1; b < 13; ++b)
-                EXPECT_GT(differingShare(faces[a], faces[b]), 0.005)
-                    << (a + 1) << suit << " vs " << (b + 1) << suit;
     }
 }
 

@@ -22,7 +22,6 @@
 
 #include "qt/QtPlatform.h"
 #include "qt/QtTestApp.h"
-#include "testkit/PercentDecoded.h"
 
 namespace corvanna {
 
@@ -111,12 +110,8 @@ TEST_F(Mail, XdgEmailGetsTheLinkAsItsOwnArgumentAndItsFailureIsTold) {
     EXPECT_TRUE(sent.sent) << sent.error;
     const std::vector<std::string> args = recorded();
     ASSERT_EQ(args.size(), 1u);
+    // Byte for byte: no shell between, and the link is MailLink's, tested on its own.
     EXPECT_EQ(args[0], MailtoUrl(listing()));
-    const auto body = args[0].find("&body=");
-    ASSERT_NE(body, std::string::npos);
-    EXPECT_EQ(percentDecoded(args[0].substr(body + 6)),
-              "181,250 by Zo\xC3\xAB of $HOME `id` \"q\" & 'r'; a?b#c%d+e=f\r\n\r\n"
-              "C:\\new\\cards \\\\ \\c\r\nCustom scoring is currently False");
 
     // Exit status 3 and what xdg-email said about it: the first line, cut short.
     qputenv("MAIL_EXIT", "3");

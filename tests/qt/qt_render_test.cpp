@@ -17,13 +17,17 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWindow>
 #include <memory>
+#include <set>
+#include <tuple>
 
 #include "common/Program.h"
 #include "forms/Form.h"
@@ -491,6 +495,87 @@ TEST_F(QtRender, QuitEndsTheLoopWithoutAskingOpenWindowsToClose) {
     EXPECT_EQ(closeRequests, 0);
     EXPECT_TRUE(window().isVisible());
     platform->onCloseRequest = nullptr;
+}
+
+TEST_F(QtRender, ProgressBarLineBorderAndThePlayCursorFollowTheModel) {
+    auto& bar = form->add<ProgressBar>("ProgressBar1", -1, nullptr);
+    bar.move(150, 150, 3000, 300);
+    bar.setMax(40);
+    bar.setMin(5);
+    auto& cross = form->add<LineControl>("X1", -1, nullptr);
+    cross.setBorderColor(colors::Red);
+    cross.setBorderWidth(3);
+    cross.setEnds(3000, 600, 1500, 2100);  // (200, 40) to (100, 140) in pixels
+    Control& card = form->addControl(ControlKind::Image, "imgCard");
+    card.move(3600, 600, 1065, 1455);  // 71 by 97 at (240, 40)
+    card.setPicture("12H");
+    int cardClicks = 0, goes = 0;
+    card.Click = [&] { ++cardClicks; };
+    Control& cmd = form->addControl(ControlKind::CommandButton, "cmdGo");
+    cmd.move(150, 3600, 1200, 375);
+    cmd.Click = [&] { ++goes; };
+    form->setKeyboardPlay(true);
+    platform->showForm(*form, false);
+    FormWindow& w = window();
+
+    auto* progress = widget<QProgressBar>(bar);
+    ASSERT_NE(progress, nullptr);
+    EXPECT_EQ(std::tuple(progress->minimum(), progress->maximum(), progress->value()),
+              std::tuple(5, 40, 5));
+    bar.setValue(39);
+    EXPECT_EQ(progress->value(), 39);
+    bar.setVisible(false);
+    EXPECT_FALSE(progress->isVisible());
+
+    // The cross is red at its middle; the card's single border is dark.
+    const QImage before = w.clientArea()->grab().toImage();
+    card.setBorder(true);
+    const QImage shot = w.clientArea()->grab().toImage();
+    EXPECT_TRUE(near(shot.pixel(150, 90), rgbOf(colors::Red), 60))
+        << std::hex << shot.pixel(150, 90);
+    EXPECT_TRUE(near(shot.pixel(240, 90), qRgb(0x20, 0x20, 0x20), 16))
+        << std::hex << shot.pixel(240, 90);
+    EXPECT_NE(before.pixel(240, 90), shot.pixel(240, 90));
+
+    // Up from the focused button: the cursor is round the card, outside it, and the focus
+    // ring gives way to it. Space and Enter click the card, not the focused button.
+    auto* button = widget<QPushButton>(cmd);
+    for (int i = 0; i < 100 && !button->hasFocus(); ++i)
+        runLoop(10);
+    ASSERT_TRUE(button->hasFocus());
+    press(button, Qt::Key_Up);
+    PlayCursorFrame* frame = w.playCursorFrame();
+    ASSERT_TRUE(frame->isVisible());
+    const int out = PlayCursorFrame::bandWidth(QSize(71, 97)) + 2;
+    EXPECT_EQ(frame->geometry(), QRect(240, 40, 71, 97).adjusted(-out, -out, out, out));
+    EXPECT_FALSE(w.focusRing()->isVisible());
+    press(button, Qt::Key_Space);
+    press(button, Qt::Key_Return);
+    EXPECT_EQ(std::tuple(cardClicks, goes), std::tuple(2, 0));
+    EXPECT_TRUE(button->hasFocus());
+
+    // Drawn in whole pixels: at twice the pixel ratio no colour but its own three.
+    QImage hi(frame->size() * 2, QImage::Format_ARGB32_Premultiplied);
+    hi.setDevicePixelRatio(2);
+    hi.fill(Qt::transparent);
+    {
+        QPainter painter(&hi);
+        frame->render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
+    }
+    std::set<QRgb> colours;
+    for (int y = 0; y < hi.height(); ++y)
+        for (int x = 0; x < hi.width(); ++x)
+            colours.insert(hi.pixel(x, y));
+    EXPECT_EQ(colours, (std::set<QRgb>{0, qRgb(0x10, 0x10, 0x10), qRgb(0xFF, 0xC8, 0x00)}));
+    EXPECT_EQ(hi.pixel(2 * out - 1, hi.height() / 2), qRgb(0x10, 0x10, 0x10));  // the inner edge
+    EXPECT_EQ(hi.pixel(2, hi.height() / 2), qRgb(0xFF, 0xC8, 0x00));
+
+    // The mouse puts the cursor away: Space is the focused button's again.
+    button->click();
+    EXPECT_FALSE(frame->isVisible());
+    EXPECT_TRUE(w.focusRing()->isVisible());
+    press(button, Qt::Key_Space);
+    EXPECT_EQ(std::tuple(cardClicks, goes), std::tuple(2, 2));
 }
 
 TEST(CardArtTest, DrawsAtTheDevicePixelSizeAndCaches) {

@@ -1,5 +1,6 @@
-// High score tables: file names, seeding, ranking, the eleventh row, custom scoring
-// marks, damaged and missing tables, and the date format under another locale.
+// High score tables: ranking, the eleventh row, custom scoring marks, damaged and missing
+// tables, the reader's rules, and the date format under another locale; and the name dialog
+// of a new entry: its texts, the name it offers, the comma refusal and the empty name.
 
 #include <gtest/gtest.h>
 
@@ -9,7 +10,9 @@
 #include <fstream>
 
 #include "common/FileStore.h"
+#include "forms/Input.h"
 #include "scores/HighScores.h"
+#include "scores/frmHiScoreName.h"
 #include "testkit/TestProgram.h"
 
 namespace corvanna {
@@ -19,7 +22,7 @@ namespace {
 const std::string kSeedRow = "Velmora, 50000, Jan 01 2000 12:00 am\r\n";
 // The fake clock starts on Nov 23 2026 at 9:00.
 const std::string kNow = "Nov 23 2026 09:00 am";
-const std::string kFivestack(FivestackHiScoreTable);
+const std::string kFivestack("Fivestack Hi Score Table ");
 
 std::string repeat(const std::string& row, int n) {
     std::string s;
@@ -90,86 +93,27 @@ struct Table {
     }
 };
 
-}  // namespace
-
-TEST(HighScoreFiles, NamesFollowGameTimeLimitAndTierfallsGoalAndMode) {
-    TestProgram t;
-    const std::string dir = t.prog.state.AppPath;
-    t.prog.state.RoundSeconds = 60;
-    EXPECT_EQ(HighScoreFileName(t.prog, FivestackHiScoreTable),
-              dir + "Fivestack Hi Score Table 60.Txt");
-    t.prog.state.RoundSeconds = 90;
-    EXPECT_EQ(HighScoreFileName(t.prog, TierfallHiScoreTable),
-              dir + "Tierfall Hi Score Table 11_90.Txt");
-    EXPECT_EQ(HighScoreFileName(t.prog, TierfallHiScoreTable, 11, true),
-              dir + "ES Tierfall Hi Score Table 11_90.Txt");
-    EXPECT_EQ(HighScoreFileName(t.prog, TierfallHiScoreTable, 14, false),
-              dir + "Tierfall Hi Score Table 14_90.Txt");
-    // Only Tierfall takes the goal and the mode into its name.
-    EXPECT_EQ(HighScoreTableName(SpirefoldHiScoreTable, 14, true), "Spirefold Hi Score Table ");
-
-    // The two Tierfall modes keep two tables: an entry in one leaves the other seeded.
-    t.prog.state.AppTitle = "Tierfall!";
-    const std::string standard = HighScoreTableName(TierfallHiScoreTable, 11, false);
-    const std::string enhanced = HighScoreTableName(TierfallHiScoreTable, 11, true);
-    ASSERT_TRUE(CreateHighScoreTable(t.prog, standard, 50000));
-    ASSERT_TRUE(CreateHighScoreTable(t.prog, enhanced, 50000));
-    t.prog.state.Score = 60000;
-    t.fake.queueModal([&](Form&) { t.click("frmHiScoreName", "cmdOK"); });
-    ASSERT_TRUE(UpdateHighScoreTable(t.prog, enhanced, [] {}));
-    EXPECT_EQ(readRaw(HighScoreFilePath(t.prog, standard)), repeat(kSeedRow, 10));
-    EXPECT_NE(readRaw(HighScoreFilePath(t.prog, enhanced)), repeat(kSeedRow, 10));
+TextBox& nameBox(Form& f) {
+    return dynamic_cast<TextBox&>(*f.find("txtPlayerName"));
 }
 
-TEST(HighScoreFiles, SeedsAndTheDuomatchDifferenceComeFromOneTable) {
-    ASSERT_NE(highScoreTableFor("Duomatch!"), nullptr);
-    EXPECT_EQ(highScoreTableFor("Duomatch!")->seedScore, 30000);
-    EXPECT_EQ(highScoreTableFor("Duomatch!")->clearedSeedScore, 50000);
-    EXPECT_EQ(highScoreTableFor("Duomatch!")->tableName, "Duomatch Hi Score Table ");
-    for (const auto& info : HighScoreTables) {
-        if (info.appTitle != "Duomatch!") {
-            EXPECT_EQ(info.seedScore, info.clearedSeedScore) << info.appTitle;
-        }
+struct Dialog {
+    TestProgram t;
+    Dialog(const std::string& title = "Colclear!", const std::string& user = "Unknown User") {
+        t.prog.state.AppTitle = title;
+        t.prog.state.UserName = user;
+        t.fake.takeLog();
     }
-    EXPECT_EQ(highScoreTableFor("Spirefold!")->seedScore, 30000);
-    EXPECT_EQ(highScoreTableFor("Wildslot!")->seedScore, 50000);
-    EXPECT_EQ(highScoreTableFor("Nothing!"), nullptr);
+    // Shows the dialog; script runs while it is up and hands back the text it found.
+    void run(const std::function<void(Form&)>& script) {
+        t.fake.queueModal(script);
+        AskHighScoreName(t.prog);
+        EXPECT_EQ(t.prog.findForm("frmHiScoreName"), nullptr);
+        EXPECT_TRUE(t.fake.takeErrors().empty());
+    }
+};
 
-    TestProgram t;
-    t.prog.state.RoundSeconds = 60;
-    const std::string duo(DuomatchHiScoreTable);
-    ASSERT_TRUE(CreateHighScoreTable(t.prog, duo, highScoreTableFor("Duomatch!")->seedScore));
-    EXPECT_EQ(t.file("Duomatch Hi Score Table 60.Txt"),
-              repeat("Velmora, 30000, Jan 01 2000 12:00 am\r\n", 10));
-    ASSERT_TRUE(
-        CreateHighScoreTable(t.prog, duo, highScoreTableFor("Duomatch!")->clearedSeedScore));
-    EXPECT_EQ(t.file("Duomatch Hi Score Table 60.Txt"), repeat(kSeedRow, 10));
-}
-
-TEST(HighScoreLabel, CreatesAMissingTableAndShowsItsTopScoreWithTheGamesPrefix) {
-    TestProgram t;
-    GameFrame& five = t.openGame("frmFivestack");
-    const std::string path = HighScoreFilePath(t.prog, kFivestack);
-    std::filesystem::remove(path);
-    ASSERT_TRUE(ShowHighScoreLabel(t.prog, kFivestack, five, 50000));
-    EXPECT_EQ(readRaw(path), repeat(kSeedRow, 10));
-    EXPECT_EQ(five.lblHighScore.caption(), "High Score: 50,000");
-
-    // An existing table is read, not seeded again.
-    writeRaw(path, fallingTable());
-    ASSERT_TRUE(ShowHighScoreLabel(t.prog, kFivestack, five, 50000));
-    EXPECT_EQ(five.lblHighScore.caption(), "High Score: 100,000");
-    EXPECT_EQ(readRaw(path), fallingTable());
-    t.fake.queueAnswer(MsgResult::Yes);
-    t.click("frmFivestack", five.info().exitButton);
-
-    GameFrame& spire = t.openGame("frmSpirefold");
-    ASSERT_TRUE(ShowHighScoreLabel(t.prog, std::string(SpirefoldHiScoreTable), spire, 30000));
-    EXPECT_EQ(spire.lblHighScore.caption(), "Current High Score: 30,000");
-    // The only message was the question on leaving Fivestack.
-    EXPECT_EQ(t.fake.messages().size(), 1u);
-    EXPECT_TRUE(t.fake.takeErrors().empty());
-}
+}  // namespace
 
 TEST(HighScoreRanking, EqualScoreStaysOutAndAHigherOneTopsTheSeededTable) {
     Table tb;
@@ -179,18 +123,16 @@ TEST(HighScoreRanking, EqualScoreStaysOutAndAHigherOneTopsTheSeededTable) {
     EXPECT_EQ(tb.tableShown, 0);
     EXPECT_EQ(tb.t.prog.state.NewHighScoreRow, -1);
     EXPECT_EQ(readRaw(tb.path), repeat(kSeedRow, 10));
-    EXPECT_TRUE(tb.t.fake.log().empty());
+    EXPECT_TRUE(tb.t.fake.takeLog().empty());
 
-    Table tb2;
-    ASSERT_TRUE(CreateHighScoreTable(tb2.t.prog, kFivestack, 50000));
-    ASSERT_TRUE(tb2.rank(50001, "Ann"));
-    EXPECT_EQ(tb2.namesAsked, 1);
-    EXPECT_EQ(tb2.tableShown, 1);
-    EXPECT_EQ(tb2.t.prog.state.NewHighScoreRow, 0);
-    EXPECT_EQ(tb2.t.prog.state.UserName, "Ann");
+    ASSERT_TRUE(tb.rank(50001, "Ann"));
+    EXPECT_EQ(tb.namesAsked, 1);
+    EXPECT_EQ(tb.tableShown, 1);
+    EXPECT_EQ(tb.t.prog.state.NewHighScoreRow, 0);
+    EXPECT_EQ(tb.t.prog.state.UserName, "Ann");
     // The last seed row has left the file.
-    EXPECT_EQ(readRaw(tb2.path), row("Ann", 50001, kNow) + repeat(kSeedRow, 9));
-    const auto log = tb2.t.fake.takeLog();
+    EXPECT_EQ(readRaw(tb.path), row("Ann", 50001, kNow) + repeat(kSeedRow, 9));
+    const auto log = tb.t.fake.takeLog();
     ASSERT_FALSE(log.empty());
     EXPECT_EQ(log.front(), "sound HighScore.wav");
 }
@@ -345,19 +287,6 @@ TEST(HighScoreDamage, ATableRemovedDuringAGameIsNotCreatedByTheRanking) {
     EXPECT_EQ(readRaw(tb.path), repeat(kSeedRow, 10));
 }
 
-TEST(HighScoreDamage, AnUnwritableTableIsReportedAndTheGameGoesOn) {
-    Table tb;
-    // A folder where the table should be: it can be neither read nor replaced.
-    std::filesystem::create_directory(tb.path);
-    tb.expectMessages(2);
-    EXPECT_FALSE(CreateHighScoreTable(tb.t.prog, kFivestack, 50000));
-    ASSERT_EQ(tb.t.fake.messages().size(), 1u);
-    EXPECT_NE(tb.t.fake.messages()[0].find("could not be written"), std::string::npos);
-    EXPECT_FALSE(tb.rank(60000));
-    EXPECT_EQ(tb.namesAsked, 0);
-    EXPECT_TRUE(std::filesystem::is_directory(tb.path));
-}
-
 TEST(HighScoreDates, EnglishMonthsAndLowerCaseAmPmWhateverTheLocale) {
     const std::string oldC = std::setlocale(LC_ALL, nullptr);
     const QLocale oldQ;
@@ -425,7 +354,6 @@ TEST(HighScoreReader, AnyDateAndAShortTableAreReadAsTheyStandAndRankAmongTheirRo
 
 TEST(HighScoreDamage, OnlyTheSelectedTableIsReadAtLoadAndADamagedOneIsNamedOnce) {
     TestProgram t;
-    auto& g = t.prog.state;
     // The default time limit's table is damaged; the settings choose 30 seconds.
     writeRaw(t.prog.filePath("Spirefold Hi Score Table 45.Txt"), "junk");
     writeRaw(t.prog.filePath("Spirefold.Ini"), "[Time]\r\n30\r\n\r\n");
@@ -443,18 +371,112 @@ TEST(HighScoreDamage, OnlyTheSelectedTableIsReadAtLoadAndADamagedOneIsNamedOnce)
     EXPECT_NE(t.fake.messages()[0].find("Spirefold Hi Score Table 45.Txt"), std::string::npos);
     EXPECT_EQ(f.lblHighScore.caption(), "Current High Score: ");
 
-    // At game over the score is said to have gone nowhere, once.
-    t.click("frmSpirefold", "cmdPlay");
-    g.Score = 99999;
-    g.BonusRoundScore = 999999;
-    t.fake.queueAnswer(MsgResult::OK);
-    t.fake.advance(2 * 45000 + 21 * 250 + 10 * 250 + 2000);
-    ASSERT_FALSE(g.GameInProgress);
-    ASSERT_EQ(t.fake.messages().size(), 2u);
-    EXPECT_EQ(t.fake.messages()[1].rfind("Your score of 99,999 could not be ranked", 0), 0u);
-    EXPECT_EQ(readRaw(t.prog.filePath("Spirefold Hi Score Table 45.Txt")), "junk");
-    EXPECT_EQ(f.lblHighScore.caption(), "Current High Score: ");
     EXPECT_TRUE(t.fake.takeErrors().empty());
+}
+
+TEST(NameDialog, ShowsTheInvitationWithTheTitleAndOffersTheUsersName) {
+    Dialog d("Colclear!", "Marta Quill");
+    d.run([&](Form& f) {
+        EXPECT_EQ(f.caption(), "Colclear!");
+        EXPECT_EQ(f.find("lblInfo")->caption(),
+                  "Great score! Please enter your name so we can induct you into the Colclear! "
+                  "Hall of Fame:");
+        EXPECT_EQ(f.find("cmdOK")->caption(), "OK");
+        EXPECT_EQ(nameBox(f).text(), "Marta Quill");
+        // The whole name is selected, so typing replaces it.
+        EXPECT_EQ(nameBox(f).selStart, 0);
+        EXPECT_EQ(nameBox(f).selLength, 11);
+        EXPECT_EQ(f.activeControl(), &nameBox(f));
+        // Centred on the screen.
+        EXPECT_EQ(f.left(), (d.t.fake.screenWidthTwips() - f.width()) / 2);
+        EXPECT_EQ(f.top(), (d.t.fake.screenHeightTwips() - f.height()) / 2);
+        d.t.click("frmHiScoreName", "cmdOK");
+    });
+    EXPECT_EQ(d.t.prog.state.UserName, "Marta Quill");
+    EXPECT_TRUE(d.t.fake.messages().empty());
+}
+
+TEST(NameDialog, PlaceholderNamesAreNotOfferedAndAnEmptyNameIsUnknownUser) {
+    for (const std::string placeholder : {"Velmora", "Unknown User"}) {
+        SCOPED_TRACE(placeholder);
+        Dialog d("Duomatch!", placeholder);
+        d.run([&](Form& f) {
+            EXPECT_EQ(nameBox(f).text(), "");
+            EXPECT_EQ(nameBox(f).selLength, 0);
+            d.t.click("frmHiScoreName", "cmdOK");
+        });
+        EXPECT_EQ(d.t.prog.state.UserName, "Unknown User");
+    }
+    // A name the player clears to nothing is stored as Unknown User too.
+    Dialog d("Duomatch!", "Ola");
+    d.run([&](Form& f) {
+        nameBox(f).setText("");
+        d.t.click("frmHiScoreName", "cmdOK");
+    });
+    EXPECT_EQ(d.t.prog.state.UserName, "Unknown User");
+}
+
+TEST(NameDialog, ACommaIsRefusedByOkAndTheCloseBoxWhichOtherwiseTakesTheName) {
+    Dialog d("Wildslot!", "Ola");
+    d.t.fake.queueAnswer(MsgResult::OK);
+    d.t.fake.queueAnswer(MsgResult::OK);
+    d.run([&](Form& f) {
+        nameBox(f).setText("Smith, Ola");
+        d.t.click("frmHiScoreName", "cmdOK");
+        EXPECT_TRUE(f.visible());
+        EXPECT_NE(d.t.prog.findForm("frmHiScoreName"), nullptr);
+        EXPECT_EQ(d.t.prog.state.UserName, "Ola");
+        // The close box is refused the same way.
+        EXPECT_FALSE(d.t.prog.requestUnload(f));
+        // Without a comma the close box takes the name as OK does.
+        nameBox(f).setText("Ola Smith");
+        EXPECT_TRUE(d.t.prog.requestUnload(f));
+    });
+    const auto log = d.t.fake.takeLog();
+    int refusals = 0;
+    for (const auto& line : log)
+        refusals +=
+            line ==
+            "msgbox Wildslot! | critical | Sorry, you may not use commas in your name. -> OK";
+    EXPECT_EQ(refusals, 2);
+    EXPECT_EQ(d.t.prog.state.UserName, "Ola Smith");
+}
+
+TEST(NameDialog, AWholeEntryWritesTheNameTypedAfterARefusalAndALongNameWhole) {
+    Dialog d("Gridflush!", "Velmora");
+    d.t.prog.state.RoundSeconds = 120;
+    const std::string table("Gridflush Hi Score Table ");
+    ASSERT_TRUE(CreateHighScoreTable(d.t.prog, table, 30000));
+    d.t.prog.state.Score = 31000;
+    d.t.fake.queueAnswer(MsgResult::OK);
+    d.t.fake.queueModal([&](Form& f) {
+        EXPECT_EQ(nameBox(f).text(), "");
+        nameBox(f).setText("a,b");
+        d.t.click("frmHiScoreName", "cmdOK");
+        nameBox(f).setText("");
+        d.t.click("frmHiScoreName", "cmdOK");
+    });
+    bool shown = false;
+    ASSERT_TRUE(UpdateHighScoreTable(d.t.prog, table, [&] { shown = true; }));
+    EXPECT_TRUE(shown);
+    const std::string path = d.t.prog.filePath("Gridflush Hi Score Table 120.Txt");
+    EXPECT_EQ(readRaw(path), row("Unknown User", 31000, kNow) +
+                                 repeat(row("Velmora", 30000, "Jan 01 2000 12:00 am"), 9));
+    EXPECT_TRUE(d.t.fake.takeErrors().empty());
+    EXPECT_EQ(d.t.fake.messages(),
+              std::vector<std::string>{"Sorry, you may not use commas in your name."});
+
+    // A hundred characters go into the table whole: only a list that shows them cuts them.
+    std::string name;
+    for (int i = 0; i < 10; ++i)
+        name += "Velmorian" + std::to_string(i);
+    d.t.prog.state.Score = 32000;
+    d.t.fake.queueModal([&](Form& f) {
+        ASSERT_TRUE(userType(nameBox(f), name));
+        d.t.click("frmHiScoreName", "cmdOK");
+    });
+    ASSERT_TRUE(UpdateHighScoreTable(d.t.prog, table, [] {}));
+    EXPECT_EQ(readRaw(path).rfind(row(name, 32000, kNow), 0), 0u);
 }
 
 }  // namespace corvanna

@@ -8,6 +8,7 @@
 namespace corvanna {
 
 namespace {
+// What the about box of the game on show says of its plays and of this session.
 std::string aboutStats(TestProgram& t, const std::string& gameForm) {
     std::string stats;
     t.fake.queueModal([&](Form& about) {
@@ -17,6 +18,12 @@ std::string aboutStats(TestProgram& t, const std::string& gameForm) {
     });
     t.click(gameForm, "mnuAbout");
     return stats;
+}
+
+std::string stats(const std::string& title, int plays, int minutes) {
+    return "You have played " + title + " " + std::to_string(plays) +
+           " times.This session has lasted " + std::to_string(minutes) +
+           " minutes.Thanks for playing!";
 }
 
 void leave(TestProgram& t, const std::string& gameForm, const std::string& exitButton) {
@@ -36,23 +43,19 @@ TEST(About, CountsEachOpeningAndTheMinutesOfThisForm) {
                   "for playing!");
         // 61 seconds from 9:00:00 crosses one minute boundary.
         t.fake.advance(61000);
-        EXPECT_EQ(aboutStats(t, "frmLettermine"),
-                  "You have played Lettermine! 1 times.This session has lasted 1 minutes.Thanks "
-                  "for playing!");
+        EXPECT_EQ(aboutStats(t, "frmLettermine"), stats("Lettermine!", 1, 1));
         leave(t, "frmLettermine", "cmdExit");
         // Another game counts on its own, and its session starts again at 0.
         t.openGame("frmColclear");
-        EXPECT_EQ(aboutStats(t, "frmColclear"),
-                  "You have played Colclear! 1 times.This session has lasted 0 minutes.Thanks for "
-                  "playing!");
+        EXPECT_EQ(aboutStats(t, "frmColclear"), stats("Colclear!", 1, 0));
         leave(t, "frmColclear", "cmdQuit");
         t.openGame("frmLettermine");
-        EXPECT_EQ(t.prog.state.GamesPlayedCount, 2);
+        EXPECT_EQ(aboutStats(t, "frmLettermine"), stats("Lettermine!", 2, 0));
     }
     // The counts live across runs of the program.
     TestProgram again(1, data);
     again.openGame("frmLettermine");
-    EXPECT_EQ(again.prog.state.GamesPlayedCount, 3);
+    EXPECT_EQ(aboutStats(again, "frmLettermine"), stats("Lettermine!", 3, 0));
     EXPECT_EQ(again.file("Played.ini"), "[Colclear!]\r\n1\r\n\r\n[Lettermine!]\r\n3\r\n\r\n");
     EXPECT_TRUE(again.fake.takeErrors().empty());
 }
@@ -60,14 +63,9 @@ TEST(About, CountsEachOpeningAndTheMinutesOfThisForm) {
 TEST(About, DamagedPlayCountsAreKeptAsideAndWhatCouldBeReadGoesOn) {
     QTemporaryDir dir;
     const std::string data = dir.path().toStdString();
-    {
-        TestProgram t(1, data);
-        QFile f(QString::fromStdString(data + "/Played.ini"));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write("[Tierfall!]\r\nlots\r\n[Wildslot!]\r\n-4\r\n[Gridflush!]\r\n32767\r\n\x01\x02");
-    }
-    std::string damaged;
-    ASSERT_EQ(readWholeFile(data + "/Played.ini", damaged), ReadStatus::Ok);
+    const std::string damaged =
+        "[Tierfall!]\r\nlots\r\n[Wildslot!]\r\n-4\r\n[Gridflush!]\r\n32767\r\n\x01\x02";
+    ASSERT_TRUE(writeFileAtomic(data + "/Played.ini", damaged));
     TestProgram t(1, data);
     t.openGame("frmTierfall");
     EXPECT_EQ(t.prog.state.GamesPlayedCount, 1);

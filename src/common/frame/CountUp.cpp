@@ -132,6 +132,12 @@ void CountBonus(GameFrame& f, std::int32_t count, std::int32_t value, const std:
     endCountUp(f);
 }
 
+Payment::Payment()
+    : shownMs(ms::PaymentShown),
+      stepMs(ms::CountUpStep),
+      settleMs(ms::PaymentSettle),
+      afterMs(ms::PaymentAfter) {}
+
 void PayInSteps(GameFrame& f, const Payment& p) {
     auto& g = f.program().state;
     Control& message = f.lblMessage;
@@ -141,7 +147,7 @@ void PayInSteps(GameFrame& f, const Payment& p) {
     message.refresh();
     f.lblCurrentScore.setForeColor(f.info().countUp.countingScore);
     f.lblCurrentScore.refresh();
-    f.program().platform.sleep(ms::PaymentShown);
+    f.program().platform.sleep(p.shownMs);
     if (g.CountDownScore) {
         std::int64_t left = total;
         for (int i = 0; i < p.steps; ++i) {
@@ -151,18 +157,19 @@ void PayInSteps(GameFrame& f, const Payment& p) {
             left -= p.step;
             message.setCaption(p.text(left));
             message.refresh();
-            f.PlayWaveFile("Snap.wav");
-            f.program().platform.sleep(ms::CountUpStep);
+            if (p.soundEvery > 0 && (i + 1) % p.soundEvery == 0)
+                f.PlayWaveFile(p.stepSound);
+            f.program().platform.sleep(p.stepMs);
         }
         message.setCaption("");
         message.refresh();
-        f.program().platform.sleep(ms::PaymentSettle);
+        f.program().platform.sleep(p.settleMs);
     } else {
         if (p.whole)
             p.whole();
         addToScore(f, p.atOnce);
     }
-    f.program().platform.sleep(ms::PaymentAfter);
+    f.program().platform.sleep(p.afterMs);
 }
 
 void PaySecondsLeft(GameFrame& f, std::int32_t secondValue, const std::string& label) {

@@ -26,6 +26,14 @@ struct Payment {
     std::int64_t atOnce = 0;         // paid in one go when the count-up is off
     std::function<void()> eachStep;  // what else moves with a step
     std::function<void()> whole;     // what else changes when paid in one go
+    // The pace: a step's wait and sound (every soundEvery-th step), the waits around it.
+    int shownMs;
+    int stepMs;
+    std::string stepSound = "Snap.wav";
+    int soundEvery = 1;
+    int settleMs;
+    int afterMs;
+    Payment();
 };
 void PayInSteps(GameFrame& form, const Payment& payment);
 

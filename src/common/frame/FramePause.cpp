@@ -96,9 +96,10 @@ void GameFrame::Form_Unload(bool& cancel) {
 }
 
 void GameFrame::LeaveForm() {
+    // The round's clocks stop first: what the game writes may ask the player something.
+    StopRoundTimers();
     WriteSettings();
     Leaving();
-    StopRoundTimers();
     Timer2.stop();
     Timer4.stop();
     g_.GameInProgress = false;
@@ -142,6 +143,11 @@ void GameFrame::StartRoundTimers() {
     Timer1.start();
     for (Timer* t : GameRoundTimers())
         t->start();
+}
+
+void GameFrame::StartRoundTimer(Timer& timer) {
+    if (!minimised_)
+        timer.start();
 }
 
 void GameFrame::StopRoundTimers() {

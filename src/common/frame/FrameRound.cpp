@@ -111,7 +111,7 @@ bool GameFrame::InitRound() {
     // The deal ends with the goal lines over an empty message.
     lblMessage.setVisible(false);
     lblMessage.setCaption("");
-    SetStatus(1, "Make " + formatScore(g_.BonusRoundScore) + info_.bonusLine);
+    SetStatus(1, RoundGoalLine());
     SetStatus(2, RoundHint());
 
     g_.ElapsedSeconds = 0;
@@ -145,7 +145,7 @@ bool GameFrame::InitRound() {
     if (ClockRunsFromDeal())
         StartRoundTimers();
     const bool bonusRound = g_.RoundNumber > info_.normalRounds;
-    if (g_.MusicOn && (bonusRound || !(info_.menuStartsNoTune && menuCommand_)))
+    if (g_.MusicOn && RoundPlaysTune() && (bonusRound || !(info_.menuStartsNoTune && menuCommand_)))
         StartMusic();
     return true;
 }
@@ -173,16 +173,24 @@ void GameFrame::TimeOut() {
     endingRound_ = true;
     StopRoundTimers();
     HideBoardAtTimeOut();
-    lblMessage.setCaption("Times Up!");
-    lblMessage.setVisible(true);
-    SetStatus(2, "Time has expired!");
-    FlashMessage(info_.flashesAtTimeOut);
+    AnnounceTimeOut();
     menuCommand_ = false;
     if (!g_.TakingScore)
         RunEndOfRound();
     endingRound_ = false;
     if (lblMessage.caption() != "Game Over")
         lblMessage.setVisible(false);
+}
+
+void GameFrame::AnnounceTimeOut() {
+    lblMessage.setCaption("Times Up!");
+    lblMessage.setVisible(true);
+    SetStatus(2, "Time has expired!");
+    FlashMessage(info_.flashesAtTimeOut);
+}
+
+std::string GameFrame::RoundGoalLine() const {
+    return "Make " + formatScore(g_.BonusRoundScore) + info_.bonusLine;
 }
 
 void GameFrame::Timer2_Timer() {
@@ -259,17 +267,9 @@ void GameFrame::TakeScore() {
 
 void GameFrame::NextRoundOrGameOver() {
     const int next = g_.RoundNumber;
-    const bool earned = info_.bonusNeedsMoreThanScore ? g_.Score > g_.BonusRoundScore
-                                                      : g_.Score >= g_.BonusRoundScore;
-    if (next <= info_.normalRounds || (next == info_.normalRounds + 1 && earned)) {
-        if (next > info_.normalRounds && !info_.bonusRoundSound.empty())
-            PlayWaveFile(info_.bonusRoundSound);
-        lblMessage.setForeColor(colors::Red);
-        lblMessage.setCaption(next > info_.normalRounds ? info_.bonusRoundText
-                                                        : info_.roundText(next));
-        lblMessage.setVisible(true);
-        FlashMessage(info_.flashesBeforeRound);
-        lblMessage.setVisible(false);
+    if (next <= info_.normalRounds || (next == info_.normalRounds + 1 && BonusRoundEarned())) {
+        const bool bonus = next > info_.normalRounds;
+        AnnounceRound(bonus ? info_.bonusRoundText : info_.roundText(next), bonus);
         EnableCommands(true);
         InitRound();
         return;
@@ -294,6 +294,21 @@ void GameFrame::NextRoundOrGameOver() {
     mnuPlay.setEnabled(true);
     mnuExit.setEnabled(true);
     EnterIdle(true);
+}
+
+bool GameFrame::BonusRoundEarned() const {
+    return info_.bonusNeedsMoreThanScore ? g_.Score > g_.BonusRoundScore
+                                         : g_.Score >= g_.BonusRoundScore;
+}
+
+void GameFrame::AnnounceRound(const std::string& text, bool bonusRound) {
+    if (bonusRound && !info_.bonusRoundSound.empty())
+        PlayWaveFile(info_.bonusRoundSound);
+    lblMessage.setForeColor(colors::Red);
+    lblMessage.setCaption(text);
+    lblMessage.setVisible(true);
+    FlashMessage(info_.flashesBeforeRound);
+    lblMessage.setVisible(false);
 }
 
 void GameFrame::GameOver() {

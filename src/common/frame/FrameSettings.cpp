@@ -1,11 +1,11 @@
-// The game's settings file: the common keys, read at load and written on leaving.
+// The game's settings file, read at load and written on leaving, by the row's table of
+// bindings; and the bindings of the keys every game has.
 
 #include <cmath>
 #include <filesystem>
 
 #include "common/FileStore.h"
 #include "common/Format.h"
-#include "common/SettingsFile.h"
 #include "common/frame/GameFrame.h"
 
 namespace corvanna {
@@ -14,7 +14,86 @@ namespace {
 // A window larger than this is a damaged value, not a screen.
 constexpr double kLargestWindowTwips = 200000;
 
+SettingBinding windowSize(std::string key, bool isWidth) {
+    SettingBinding b = formSetting(std::move(key), SettingType::Real);
+    // Below a twip there is no window; the form's smallest size holds it anyway.
+    b.limits(1, kLargestWindowTwips);
+    b.then([isWidth](GameFrame& f, double twips) {
+        // Ahead of [State] a maximised window doesn't exist yet; after it, the size waits.
+        if (f.windowState() == WindowState::Maximized)
+            return;
+        const int t = static_cast<int>(roundHalfEven(twips));
+        isWidth ? f.setSize(t, f.height()) : f.setSize(f.width(), t);
+    });
+    b.writes = [isWidth](GameFrame& f) {
+        const bool maximised = f.windowState() == WindowState::Maximized;
+        const GameInfo& row = f.info();
+        if (isWidth)
+            return std::to_string(maximised ? row.maximisedWidth : f.width());
+        return std::to_string(maximised ? row.maximisedHeight : f.height());
+    };
+    return b;
+}
+
 }  // namespace
+
+SettingBinding timeSetting(std::string key, std::int16_t seconds) {
+    SettingBinding b = formSetting(std::move(key), SettingType::Int16);
+    b.limits(1, INT16_MAX).then([](GameFrame& f, double v) {
+        f.SetTimeLimit(static_cast<int>(v));
+    });
+    b.hasDefault = true;
+    b.byDefault = seconds;
+    b.writes = [](GameFrame& f) { return std::to_string(f.program().state.RoundSeconds); };
+    return b;
+}
+
+SettingBinding soundsSetting() {
+    return setting("Play Sounds", &AppState::SoundsOn, true).then([](GameFrame& f, double) {
+        f.mnuSounds.setChecked(f.program().state.SoundsOn);
+    });
+}
+
+SettingBinding musicSetting() {
+    return setting("Play Music", &AppState::MusicOn, false).then([](GameFrame& f, double) {
+        f.mnuMusic.setChecked(f.program().state.MusicOn);
+    });
+}
+
+SettingBinding countDownSetting(std::string key) {
+    return setting(std::move(key), &AppState::CountDownScore, true);
+}
+
+SettingBinding bonusScoreSetting(std::string key, std::int32_t score) {
+    return setting(std::move(key), &AppState::BonusRoundScore, score).custom();
+}
+
+SettingBinding timeBonusSetting(std::int32_t points) {
+    return setting("Time Bonus", &AppState::TimeBonus, points).custom();
+}
+
+SettingBinding deckSetting(std::int16_t deckBack) {
+    return setting("Deck", &AppState::DeckBack, deckBack)
+        .limits(1, 4)
+        .passOverAnything()
+        .then([](GameFrame& f, double v) { f.SelectDeckBack(static_cast<int>(v)); });
+}
+
+SettingBinding stateSetting() {
+    SettingBinding b = formSetting("State", SettingType::Int16);
+    b.limits(0, 2).then(
+        [](GameFrame& f, double v) { f.setWindowState(static_cast<WindowState>(v)); });
+    b.writes = [](GameFrame& f) { return std::to_string(static_cast<int>(f.windowState())); };
+    return b;
+}
+
+SettingBinding widthSetting() {
+    return windowSize("Width", true);
+}
+
+SettingBinding heightSetting() {
+    return windowSize("Height", false);
+}
 
 std::string GameFrame::settingsPath() const {
     return prog_.filePath(info_.settingsFile);
@@ -39,108 +118,22 @@ void GameFrame::ReadSettingsINI(const std::string& fileName) {
         return;
     }
 
-    SettingsReader reader;
     // A value that is not what its key holds keeps the default, and marks the file for
     // keeping aside before it is written again.
-    auto bad = [this] { settingsDamaged_ = true; };
-    auto truth = [](bool& flag, Menu& menu) {
-        return [&flag, &menu](const std::string& v) {
-            flag = settingsTruth(v);
-            menu.setChecked(flag);
-        };
-    };
-    reader.on(info_.timeKey, [this, bad](const std::string& v) {
-        std::int64_t n;
-        if (parseInteger(v, n) && n > 0 && n <= 32767)
-            SetTimeLimit(static_cast<int>(n));
-        else
-            bad();
-    });
-    reader.on("Play Sounds", truth(g_.SoundsOn, mnuSounds));
-    reader.on("Play Music", truth(g_.MusicOn, mnuMusic));
-    reader.on(info_.countDownKey,
-              [this](const std::string& v) { g_.CountDownScore = settingsTruth(v); });
-    reader.on(info_.bonusKey, [this, bad](const std::string& v) {
-        if (!parseInt32(v, g_.BonusRoundScore))
-            bad();
-    });
-    if (hasSetting("Time Bonus"))
-        reader.on("Time Bonus", [this, bad](const std::string& v) {
-            if (!parseInt32(v, g_.TimeBonus))
-                bad();
-        });
-    if (mnuDeck)
-        reader.on("Deck", [this](const std::string& v) {
-            if (v.size() == 1 && v[0] >= '1' && v[0] <= '4')
-                SelectDeckBack(v[0] - '0');
-        });
-    reader.on("State", [this, bad](const std::string& v) {
-        std::int64_t n;
-        if (parseInteger(v, n) && n >= 0 && n <= 2)
-            setWindowState(static_cast<WindowState>(n));
-        else
-            bad();
-    });
-    auto size = [this, bad](bool isWidth) {
-        return [this, bad, isWidth](const std::string& v) {
-            double twips;
-            if (!parseReal(v, twips) || !(twips > 0) || twips > kLargestWindowTwips)
-                return bad();
-            if (windowState() == WindowState::Maximized)
-                return;
-            const int t = static_cast<int>(roundHalfEven(twips));
-            isWidth ? setSize(t, height()) : setSize(width(), t);
-        };
-    };
-    reader.on("Width", size(true));
-    reader.on("Height", size(false));
-    AddGameSettings(reader);
-    reader.applyText(text);
+    if (readSettings(info_.settings, text, prog_, this))
+        settingsDamaged_ = true;
 }
 
-bool GameFrame::hasSetting(const std::string& key) const {
-    for (const auto& k : info_.settingsKeys)
-        if (k == key)
-            return true;
-    return false;
+void GameFrame::SetDefaults() {
+    setSettingDefaults(info_.settings, prog_, this);
 }
 
-bool GameFrame::SettingValue(const std::string& key, std::string& value) {
-    const bool maximised = windowState() == WindowState::Maximized;
-    auto truth = [](bool b) { return std::string(b ? "True" : "False"); };
-    if (key == info_.timeKey)
-        value = std::to_string(g_.RoundSeconds);
-    else if (key == "Play Sounds")
-        value = truth(g_.SoundsOn);
-    else if (key == "Play Music")
-        value = truth(g_.MusicOn);
-    else if (key == info_.countDownKey)
-        value = truth(g_.CountDownScore);
-    else if (key == info_.bonusKey)
-        value = std::to_string(g_.BonusRoundScore);
-    else if (key == "Time Bonus")
-        value = std::to_string(g_.TimeBonus);
-    else if (key == "Deck")
-        value = std::to_string(g_.DeckBack);
-    else if (key == "State")
-        value = std::to_string(static_cast<int>(windowState()));
-    else if (key == "Width")
-        value = std::to_string(maximised ? info_.maximisedWidth : width());
-    else if (key == "Height")
-        value = std::to_string(maximised ? info_.maximisedHeight : height());
-    else
-        return GameSettingValue(key, value);
-    return true;
+void GameFrame::CheckForCustom() {
+    g_.CustomScoring = customScoring(info_.settings, prog_);
 }
 
 std::string GameFrame::SettingsText() {
-    SettingsWriter writer;
-    for (const auto& key : info_.settingsKeys) {
-        std::string value;
-        if (SettingValue(key, value))
-            writer.add(key, value);
-    }
-    return writer.text();
+    return settingsText(info_.settings, prog_, this);
 }
 
 void GameFrame::WriteSettings() {

@@ -127,6 +127,8 @@ GameFrame::GameFrame(Program& prog, const GameInfo& info)
     Surface.setBackColor(0x1E4D2B);
     Surface.setToolTipText("Displays time remaining in current round");
     setBackColor(colors::FeltGreen);
+    // Every game is played by arrow keys and Space as well as by the mouse.
+    setKeyboardPlay(true);
     buildMenus();
     wireHandlers();
     setBounds(0, 0, info.minWidth, info.minHeight);
@@ -223,17 +225,11 @@ void GameFrame::Form_Load() {
     Timer2.stop();
     g_.GameInProgress = false;
 
-    g_.SoundsOn = true;
-    g_.MusicOn = false;
-    g_.CountDownScore = true;
-    g_.DeckBack = info_.defaultDeckBack;
-    g_.TimeBonus = info_.defaultTimeBonus;
-    g_.BonusRoundScore = info_.defaultBonusRoundScore;
     g_.CustomScoring = false;
-    SetGameDefaults();
     // The table the settings select is shown once they are read, and no other is touched.
     loading_ = true;
-    SetTimeLimit(info_.defaultSeconds);
+    SetDefaults();
+    SetGameDefaults();
     // The design on show stays until [Deck] names another: the last game's, if need be.
     CheckDesignOnShow();
     mnuSounds.setChecked(g_.SoundsOn);

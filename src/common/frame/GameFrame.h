@@ -40,13 +40,6 @@ public:
     // round, the bonus round, game over, End Game, Pause, dialogs, minimise, leaving) are
     // the frame's and are written once. A game changes a step of them only through these.
     //
-    // The game's own settings keys: a value to write (false when the key is not the game's)
-    // and the readers of its keys.
-    virtual bool GameSettingValue(const std::string& key, std::string& value) {
-        (void)key, (void)value;
-        return false;
-    }
-    virtual void AddGameSettings(class SettingsReader& reader) { (void)reader; }
     // Play, before the first round: what a new game resets beyond Score and RoundNumber.
     virtual void NewGame() {}
     // The round's deck and deal, for RoundNumber: the usual makes and shuffles a new deck
@@ -57,8 +50,11 @@ public:
     virtual bool Deal() { return true; }
     // Whether the round clock runs from the deal; a game may start it on a move of its own.
     virtual bool ClockRunsFromDeal() const { return true; }
-    // Panel 2 at the deal.
+    // Panels 1 and 2 at the deal.
+    virtual std::string RoundGoalLine() const;
     virtual std::string RoundHint() const { return info_.hintLine; }
+    // Whether the tune plays in this round (when the player has it on).
+    virtual bool RoundPlaysTune() const { return true; }
     // Shows or hides the board's cards (game over, pause, time out).
     virtual void ShowCards(bool visible) { (void)visible; }
     // Shows or hides the round's boxes and lblHighScore; the score stays.
@@ -73,6 +69,12 @@ public:
     virtual void RoundTick() {}
     // At a time out, before "Times Up!" flashes: the usual hides the board and its marks.
     virtual void HideBoardAtTimeOut();
+    // "Times Up!" shown: the usual flashes it in lblMessage with "Time has expired!".
+    virtual void AnnounceTimeOut();
+    // Whether the round that ends now earns the bonus round: the usual tests the score.
+    virtual bool BonusRoundEarned() const;
+    // The text before the next round (or the bonus round): the usual flashes it in red.
+    virtual void AnnounceRound(const std::string& text, bool bonusRound);
     // Pays the round's bonuses inside Take Score, before the round number moves on.
     virtual void AwardRoundBonuses() {}
     // The last step of Take Score, after the next round was dealt or the game ended.
@@ -107,9 +109,10 @@ public:
     }
     // The points earned in this round, by which a speed bonus may be multiplied.
     virtual std::int32_t RoundPoints() const { return 0; }
-    // Sets the scoring values to the game's defaults and checks them (CustomScoring).
+    // At load, after the settings' defaults: what else the game resets before its file is read.
     virtual void SetGameDefaults() {}
-    virtual void CheckForCustom() {}
+    // CustomScoring: a value that counts is off its default (the row's settings table).
+    virtual void CheckForCustom();
     // Runs at load once the settings file has been read and CustomScoring set.
     virtual void SettingsApplied() {}
     // The round clock's tick; a game with a tick of its own replaces it whole and ends
@@ -117,6 +120,9 @@ public:
     virtual void Timer1_Timer();
 
     // ---- Settings (FrameSettings.cpp) --------------------------------------------
+    // The keys are the row's settings table (SettingBindings.h).
+    // Every setting to its default, the time limit through its menu.
+    void SetDefaults();
     // Reads the file and applies every key it knows; a missing file changes nothing.
     void ReadSettingsINI(const std::string& fileName);
     // Writes every key in the game's order, atomically; a damaged old file is kept aside.
@@ -160,6 +166,8 @@ public:
     // made by the restore, unless the game is paused by then.
     void StartRoundTimers();
     void StopRoundTimers();
+    // One of them alone, under the same rule: not while minimised.
+    void StartRoundTimer(Timer& timer);
     // A round is on and its clock may run: neither paused nor being scored.
     bool roundRunning() const { return g_.GameInProgress && !isPaused() && !g_.TakingScore; }
 
@@ -181,7 +189,7 @@ public:
     Control& cmdExit;       // cmdQuit in some games
     Timer& Timer1;
     Timer& Timer2;
-    Timer& Timer3;  // Timer6 in Hitspree
+    Timer& Timer3;  // the row may give it another name
     Timer& Timer4;
     Shape& TimerRectangle;
     Shape& TimerBevelSide;
@@ -231,8 +239,8 @@ public:
 protected:
     // Enables or disables Play, Pause, Take Score and Exit with their menus.
     void EnableCommands(bool enabled);
-    // All of those but Pause: what a pause locks.
-    void EnableLeavingCommands(bool enabled);
+    // All of those but Pause: what a pause locks (a game may lock more).
+    virtual void EnableLeavingCommands(bool enabled);
     void EnableTakeScore(bool enabled);
     // What the end of the last round leads to: the next round, the bonus round or game over.
     void NextRoundOrGameOver();
@@ -248,8 +256,6 @@ protected:
     bool endingRound() const { return endingRound_ && g_.GameInProgress; }
     // Goes back to the selector without the question, as after a failure to play.
     void UnloadWithoutQuestion();
-    // A game's own key held a value it can't take: the file is kept aside before rewriting.
-    void MarkSettingsDamaged() { settingsDamaged_ = true; }
 
     Program& prog_;
     AppState& g_;
@@ -273,8 +279,6 @@ private:
     bool endingRound_ = false;
     // The settings file held something unreadable: it is kept aside before it is replaced.
     bool settingsDamaged_ = false;
-    bool SettingValue(const std::string& key, std::string& value);
-    bool hasSetting(const std::string& key) const;
     int splashIndex_ = 0;
     bool splashUp_ = true;
     bool splashFaces_ = false;

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "common/frame/SettingBindings.h"
+
 namespace corvanna {
 
 class FakePlatform;
@@ -152,12 +154,10 @@ struct GameInfo {
     // The Clear High Scores command pauses by this form; in two games it doesn't pause.
     DialogPause clearPause = DialogPause::ByGameInProgress;
 
-    // Settings file: every key in the writer's order (a key may stand twice), and the
-    // game's names for the common values.
-    std::vector<std::string> settingsKeys;
-    std::string timeKey = "Time";
-    std::string countDownKey = "Count Down Score";
-    std::string bonusKey = "Bonus Score";
+    // Settings file: a binding per key in the writer's order (a key may stand twice), the
+    // frame's keys among them; it gives the reader, the writer, the defaults at load,
+    // CheckForCustom and the scoring dialog's Default.
+    SettingTable settings;
 
     // Window sizes in twips.
     int minWidth = 9540, minHeight = 7200;

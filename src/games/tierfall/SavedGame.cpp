@@ -88,14 +88,14 @@ std::string SavedGameText(const SavedGame& game) {
     return out;
 }
 
-std::string SavedGameText(const AppState& g, const std::string& userName) {
+std::string SavedGameText(const AppState& g, const TierfallValues& t, const std::string& userName) {
     SavedGame game;
-    game.cardGoal = g.Tierfall.CardGoal;
+    game.cardGoal = t.CardGoal;
     game.seconds = g.RoundSeconds;
-    game.scoreText = std::to_string(g.Tierfall.LastScore);
+    game.scoreText = std::to_string(t.LastScore);
     game.custom = g.CustomScoring;
     game.userName = userName;
-    game.decks = g.Tierfall.RoundDecks;
+    game.decks = t.RoundDecks;
     return SavedGameText(game);
 }
 

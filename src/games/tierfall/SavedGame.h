@@ -10,6 +10,7 @@
 
 #include "common/AppState.h"
 #include "common/FileStore.h"
+#include "games/tierfall/TierfallValues.h"
 
 namespace corvanna {
 
@@ -31,7 +32,7 @@ inline constexpr std::size_t kMaxShownNameBytes = 100;
 
 // The file of the last game played: CardGoal, RoundSeconds, LastScore, CustomScoring,
 // the name ("an anonymous user" when empty) and the round decks that were filled.
-std::string SavedGameText(const AppState& g, const std::string& userName);
+std::string SavedGameText(const AppState& g, const TierfallValues& t, const std::string& userName);
 std::string SavedGameText(const SavedGame& game);
 
 // False, with a short reason, when the text is not a whole, sound saved game.

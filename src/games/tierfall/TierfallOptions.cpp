@@ -1,8 +1,7 @@
-// Tierfall's options: the card goal, the selection colour, the count-down, the
-// scoring dialog, and the game's own keys of its settings file.
+// Tierfall's options: the card goal, the selection colour, the count-down and the
+// scoring dialog. Its settings file is TierfallSettings.cpp.
 
-#include "common/Format.h"
-#include "common/SettingsFile.h"
+#include "games/tierfall/TierfallValues.h"
 #include "games/tierfall/frmTierfall.h"
 #include "games/tierfall/frmTierfallCustomScoring.h"
 
@@ -74,59 +73,6 @@ void frmTierfall::mnuDrawTimer_Click() {
 
 void frmTierfall::mnuScoring_Click() {
     ShowTierfallCustomScoring(prog_, *this);
-}
-
-bool frmTierfall::GameSettingValue(const std::string& key, std::string& value) {
-    const TierfallValues& t = values();
-    if (key == "Color")
-        value = std::to_string(t.SelectionColorIndex);
-    else if (key == "CardGoal")
-        value = std::to_string(t.CardGoal);
-    else if (key == "Completion Bonus")
-        value = std::to_string(t.CompletionBonus);
-    else if (key == "Elevens Bonus")
-        value = std::to_string(t.ElevensBonus);
-    else if (key == "Elevens Bonus ES")
-        value = std::to_string(t.ElevensBonusES);
-    else if (key == "New Score Mode")
-        value = t.EnhancedScoring ? "True" : "False";
-    else if (key == "Card Bonus")
-        value = std::to_string(t.CardBonus);
-    else
-        return false;
-    return true;
-}
-
-void frmTierfall::AddGameSettings(SettingsReader& reader) {
-    TierfallValues& t = values();
-    reader.on("Color", [this](const std::string& v) {
-        std::int64_t n;
-        if (!parseInteger(v, n))
-            return MarkSettingsDamaged();
-        SelectionColor(static_cast<int>(std::clamp<std::int64_t>(n, -1, 6)));
-    });
-    reader.on("CardGoal", [this](const std::string& v) {
-        std::int64_t n;
-        if (!parseInteger(v, n) || n < INT16_MIN || n > INT16_MAX)
-            return MarkSettingsDamaged();
-        // Another number stays the goal, with no entry checked.
-        if (n >= 10 && n <= 15)
-            lblElevens.setCaption(GoalCaption(static_cast<int>(n)));
-        values().CardGoal = static_cast<std::int16_t>(n);
-        ClearGoalCheck();
-    });
-    auto number = [this](std::int32_t& into) {
-        return [this, &into](const std::string& v) {
-            if (!parseInt32(v, into))
-                MarkSettingsDamaged();
-        };
-    };
-    reader.on("Completion Bonus", number(t.CompletionBonus));
-    reader.on("Elevens Bonus", number(t.ElevensBonus));
-    reader.on("Elevens Bonus ES", number(t.ElevensBonusES));
-    reader.on("Card Bonus", number(t.CardBonus));
-    reader.on("New Score Mode",
-              [this](const std::string& v) { values().EnhancedScoring = settingsTruth(v); });
 }
 
 }  // namespace corvanna

@@ -27,21 +27,8 @@ bool filled(const std::vector<std::string>& deck) {
 // ---- Defaults and the scoring mode
 
 void frmTierfall::SetGameDefaults() {
-    TierfallValues& t = values();
-    t.CardGoal = TierfallValues::kDefaultCardGoal;
-    t.EnhancedScoring = true;
-    t.CompletionBonus = TierfallValues::kDefaultCompletionBonus;
-    t.ElevensBonus = TierfallValues::kDefaultElevensBonus;
-    t.ElevensBonusES = TierfallValues::kDefaultElevensBonusES;
-    t.CardBonus = TierfallValues::kDefaultCardBonus;
-    t.SelectionColorIndex = 1;
-    t.ReplayRequested = false;
-    g_.BonusRoundScore = TierfallValues::kDefaultBonusRoundScore;
-    g_.TimeBonus = TierfallValues::kDefaultTimeBonus;
-}
-
-void frmTierfall::CheckForCustom() {
-    g_.CustomScoring = TierfallCustomScoring(g_);
+    // The settings' defaults are the row's table; a replay is asked for anew in each form.
+    values().ReplayRequested = false;
 }
 
 void frmTierfall::SettingsApplied() {
@@ -258,13 +245,6 @@ void frmTierfall::ClearBoardAtQuit() {
     if (lblCurrentRound)
         lblCurrentRound->setCaption("1");
     lblCurrentElevens.setCaption("0");
-}
-
-void frmTierfall::RankFinalScore() {
-    const std::string tableName = TierfallTableName(values());
-    if (!fileExists(HighScoreFilePath(prog_, tableName)))
-        CreateHighScoreTable(prog_, tableName, kTierfallTableSeedScore);
-    GameFrame::RankFinalScore();
 }
 
 void frmTierfall::EnterIdle(bool afterGameOver) {

@@ -3,6 +3,7 @@
 
 #include "common/Program.h"
 #include "common/Variables.h"
+#include "games/tierfall/TierfallValues.h"
 #include "games/tierfall/frmTierfall.h"
 
 namespace corvanna {
@@ -29,19 +30,19 @@ bool at(const Array& a, int index, int first, std::string& out) {
 }  // namespace
 
 void addTierfallVariables() {
-    addVariable("CardGoal", [](P p) { return numberText(p.state.Tierfall.CardGoal); });
-    addVariable("EnhancedScoring", [](P p) { return flagText(p.state.Tierfall.EnhancedScoring); });
+    addVariable("CardGoal", [](P p) { return numberText(tierfallValues(p).CardGoal); });
+    addVariable("EnhancedScoring", [](P p) { return flagText(tierfallValues(p).EnhancedScoring); });
     addVariable("CompletionBonus",
-                [](P p) { return numberText(p.state.Tierfall.CompletionBonus); });
-    addVariable("ElevensBonus", [](P p) { return numberText(p.state.Tierfall.ElevensBonus); });
-    addVariable("ElevensBonusES", [](P p) { return numberText(p.state.Tierfall.ElevensBonusES); });
-    addVariable("CardBonus", [](P p) { return numberText(p.state.Tierfall.CardBonus); });
-    addVariable("LastScore", [](P p) { return numberText(p.state.Tierfall.LastScore); });
-    addVariable("ReplayRequested", [](P p) { return flagText(p.state.Tierfall.ReplayRequested); });
+                [](P p) { return numberText(tierfallValues(p).CompletionBonus); });
+    addVariable("ElevensBonus", [](P p) { return numberText(tierfallValues(p).ElevensBonus); });
+    addVariable("ElevensBonusES", [](P p) { return numberText(tierfallValues(p).ElevensBonusES); });
+    addVariable("CardBonus", [](P p) { return numberText(tierfallValues(p).CardBonus); });
+    addVariable("LastScore", [](P p) { return numberText(tierfallValues(p).LastScore); });
+    addVariable("ReplayRequested", [](P p) { return flagText(tierfallValues(p).ReplayRequested); });
     for (int round = 1; round <= 3; ++round) {
         addIndexedVariable("Round" + std::to_string(round) + "Deck",
                            [round](P p, int i, std::string& out) {
-                               return at(p.state.Tierfall.RoundDecks[round - 1], i, 1, out);
+                               return at(tierfallValues(p).RoundDecks[round - 1], i, 1, out);
                            });
     }
     addVariable("UpCount", [](P p) { return numberText(boardOf(p).UpCount); });

@@ -52,7 +52,7 @@ void frmSave::cmdOK_Click() {
         return;
     if (txtUserName.text().empty())
         txtUserName.setText(kAnonymousUser);
-    const std::string text = SavedGameText(prog_.state, txtUserName.text());
+    const std::string text = SavedGameText(prog_.state, tierfallValues(prog_), txtUserName.text());
     if (!writeFileAtomic(folder + name, text))
         return SaveError();
     if (Saved)

@@ -19,8 +19,8 @@ public:
 
     TierfallBoard board;
     // The game's program-wide values: scoring, card goal, replay and the round decks.
-    TierfallValues& values() { return g_.Tierfall; }
-    const TierfallValues& values() const { return g_.Tierfall; }
+    struct TierfallValues& values();  // TierfallValues.h
+    const struct TierfallValues& values() const;
 
     // ---- Controls
     std::array<Control*, TierfallBoard::kSlots> FieldCardPicture{};
@@ -67,11 +67,7 @@ public:
     void RefreshBoardBacks() override;
     void LayoutBoard(int left, int top, int width, int height) override;
     void SetGameDefaults() override;
-    void CheckForCustom() override;
     void SettingsApplied() override;
-    bool GameSettingValue(const std::string& key, std::string& value) override;
-    void AddGameSettings(SettingsReader& reader) override;
-    void RankFinalScore() override;
 
     // ---- Options (TierfallOptions.cpp)
     // mnu10 to mnu15: the card goal, its caption, its table and its hint.

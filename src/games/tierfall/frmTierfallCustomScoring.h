@@ -1,46 +1,39 @@
 #pragma once
 // Tierfall's scoring dialog: the bonus round score, the completion, combination,
-// time and card bonuses, and the scoring mode.
+// time and card bonuses, and the scoring mode. The first bad field stops OK.
 
-#include "common/Program.h"
-#include "forms/Form.h"
+#include "common/frame/ScoringDialog.h"
 
 namespace corvanna {
 
 class frmTierfall;
 
-class frmTierfallCustomScoring : public Form {
+class frmTierfallCustomScoring : public ScoringDialog {
 public:
     frmTierfallCustomScoring(Program& prog, frmTierfall& game);
     void Form_Load();
     void chkScoring_Click();
-    void cmdDefault_Click();
-    void cmdOK_Click();
-    void cmdCancel_Click();
-    // OK took the values.
-    bool accepted() const { return accepted_; }
+    void cmdDefault_Click() override;
 
-    Control& frmScoringOptions;
-    Control& lblBouns;
     TextBox& txtBonus;
-    Control& lblCompletion;
+    Control& lblBouns;
     TextBox& txtCompletion;
-    Control& lblElevenBonus;
+    Control& lblCompletion;
     TextBox& txtElevensBonus;
-    Control& lblTimeBonus;
+    Control& lblElevenBonus;
     TextBox& txtTimeBonus;
-    Control& lblCardBonus;
+    Control& lblTimeBonus;
     TextBox& txtCardBonus;
+    Control& lblCardBonus;
     Control& chkScoring;
     Control& lblCustom;
-    Control& cmdOK;
-    Control& cmdCancel;
-    Control& cmdDefault;
 
 private:
-    Program& prog_;
+    void Accepted() override;
+    // The combination field holds the bonus of the mode the box shows.
+    void BindCombination(bool enhanced);
+
     frmTierfall& game_;
-    bool accepted_ = false;
 };
 
 // mnuScoring: the dialog, modal; true when OK took the values.

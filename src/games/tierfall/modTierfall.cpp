@@ -1,7 +1,6 @@
 #include "games/tierfall/modTierfall.h"
 
 #include "games/tierfall/TierfallBoard.h"
-#include "scores/HighScores.h"
 
 namespace corvanna {
 
@@ -31,19 +30,13 @@ std::string PointsText(int points) {
     return std::to_string(points) + " points";
 }
 
-bool TierfallCustomScoring(const AppState& g) {
-    const TierfallValues& t = g.Tierfall;
-    const bool comboOff = t.EnhancedScoring
-                              ? t.ElevensBonusES != TierfallValues::kDefaultElevensBonusES
-                              : t.ElevensBonus != TierfallValues::kDefaultElevensBonus;
-    return g.BonusRoundScore != TierfallValues::kDefaultBonusRoundScore ||
-           t.CompletionBonus != TierfallValues::kDefaultCompletionBonus ||
-           g.TimeBonus != TierfallValues::kDefaultTimeBonus || comboOff ||
-           t.CardBonus != TierfallValues::kDefaultCardBonus;
+std::string TierfallTableName(int cardGoal, bool enhanced) {
+    return std::string(enhanced ? "ES " : "") + kTierfallHiScoreTable + std::to_string(cardGoal) +
+           "_";
 }
 
 std::string TierfallTableName(const TierfallValues& values) {
-    return HighScoreTableName(TierfallHiScoreTable, values.CardGoal, values.EnhancedScoring);
+    return TierfallTableName(values.CardGoal, values.EnhancedScoring);
 }
 
 }  // namespace corvanna

@@ -1,11 +1,13 @@
 #pragma once
-// What Tierfall's cards are worth in each scoring mode, what a move costs, and the
-// test of custom scoring. Plain rules, so a test or a bot can check them by hand.
+// What Tierfall's cards are worth in each scoring mode, what a move costs, and its
+// settings. Plain rules, so a test or a bot can check them by hand.
 
 #include <cstdint>
 #include <string>
 
-#include "common/AppState.h"
+#include "common/Program.h"
+#include "common/frame/GameInfo.h"
+#include "games/tierfall/TierfallValues.h"
 
 namespace corvanna {
 
@@ -21,14 +23,16 @@ int TierfallMoveCost(int slot, bool enhanced);
 // "n points", as a card's tooltip shows its value.
 std::string PointsText(int points);
 
-// CustomScoring: a value off its default, the combination bonus by the mode in force; the
-// card bonus counts too, since the player can raise it as far as any other.
-bool TierfallCustomScoring(const AppState& g);
+// Tierfall.Ini's keys (TierfallSettings.cpp), which also decide CustomScoring: a value off
+// its default, the combination bonus by the mode in force; the card bonus counts too,
+// since the player can raise it as far as any other.
+SettingTable TierfallSettings(const GameInfo& row);
 
-// The table's name: "Tierfall Hi Score Table ", "ES " ahead of it in the enhanced mode,
-// then the card goal and "_".
+// The table name constant; a table per card goal and scoring mode is named from it:
+// "ES " ahead of it in the enhanced mode, then the card goal and "_".
+inline constexpr const char* kTierfallHiScoreTable = "Tierfall Hi Score Table ";
+std::string TierfallTableName(int cardGoal, bool enhanced);
 std::string TierfallTableName(const TierfallValues& values);
-inline constexpr std::int64_t kTierfallTableSeedScore = 50000;
 
 // The game's variables for the driver's `get` (TierfallVariables.cpp).
 void addTierfallVariables();

@@ -1,12 +1,15 @@
 #pragma once
-// Each game's own program-wide values: its scoring as the player has set it and
-// what the rules text, the high score tables and the submission read back. A
-// game's form sets them; everyone else only reads.
+// Tierfall's own program-wide values: its scoring as the player has set it and what
+// the rules text, the high score tables and the submission read back. They live with
+// the program, not the form, so a replay and the tables find them after the form has
+// gone. The form sets them; everyone else only reads.
 
 #include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
+
+#include "common/Program.h"
 
 namespace corvanna {
 
@@ -16,8 +19,6 @@ struct TierfallValues {
     static constexpr std::int32_t kDefaultElevensBonus = 1500;
     static constexpr std::int32_t kDefaultElevensBonusES = 1000;
     static constexpr std::int32_t kDefaultCardBonus = 1000;
-    static constexpr std::int32_t kDefaultBonusRoundScore = 80000;
-    static constexpr std::int32_t kDefaultTimeBonus = 100;
 
     std::int16_t CardGoal = kDefaultCardGoal;
     std::int16_t SelectionColorIndex = 1;  // the frames' colour: 0 yellow to 5 black
@@ -39,5 +40,12 @@ struct TierfallValues {
         return EnhancedScoring ? ElevensBonusES : ElevensBonus;
     }
 };
+
+inline TierfallValues& tierfallValues(Program& prog) {
+    return prog.gameValues<TierfallValues>();
+}
+inline const TierfallValues& tierfallValues(const Program& prog) {
+    return prog.gameValues<TierfallValues>();
+}
 
 }  // namespace corvanna

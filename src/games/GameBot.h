@@ -1,24 +1,17 @@
 #pragma once
-// The players the soak (bench/soak.cpp) can put in front of a game form: one entry a
-// game, found by the form's name. A game joins the soak with a bot of its own and one
-// line in soakBots() (SoakBots.cpp).
+// A player a game's row can carry (GameInfo::bot): it plays the real form through the
+// user's clicks and the virtual clock, for the soak (bench/soak.cpp), the tests and the
+// benchmarks. Bots are linked into those alone, never into the program.
 
 #include <cstdint>
-#include <functional>
-#include <memory>
 #include <random>
 #include <string>
-#include <vector>
 
 namespace corvanna {
 
-class FakePlatform;
-class GameFrame;
-class Program;
-
-class SoakBot {
+class GameBot {
 public:
-    virtual ~SoakBot() = default;
+    virtual ~GameBot() = default;
 
     // Plays one whole game from the idle form to game over by the user's clicks and the
     // clock, answering the high score dialogs; hands back the final score.
@@ -36,17 +29,5 @@ public:
     // back, since the settings file carries them.
     virtual std::string options() const { return {}; }
 };
-
-using SoakBotFactory = std::function<std::unique_ptr<SoakBot>(Program& prog, FakePlatform& fake,
-                                                              GameFrame& form, std::uint64_t seed)>;
-
-struct SoakBotEntry {
-    std::string formName;  // "frmTierfall"
-    SoakBotFactory make;
-};
-
-// Every game that has a bot, in the selector's order.
-const std::vector<SoakBotEntry>& soakBots();
-const SoakBotEntry* findSoakBot(const std::string& formName);
 
 }  // namespace corvanna
