@@ -82,29 +82,6 @@ bool startsWith(const std::string& s, const std::string& prefix) {
     return s.compare(0, prefix.size(), prefix) == 0;
 }
 
-// A file's bytes as a failure line can show them: short, escaped.
-std::string shown(const std::string& bytes, std::size_t most = 160) {
-    std::string out = "\"";
-    for (std::size_t i = 0; i < bytes.size() && i < most; ++i) {
-        const unsigned char c = static_cast<unsigned char>(bytes[i]);
-        char escaped[8];
-        std::snprintf(escaped, sizeof escaped, c == '"' || c == '\\' ? "\\%c" : "\\x%02X", c);
-        out += c == '\r'   ? std::string("\\r")
-               : c == '\n' ? std::string("\\n")
-               : c == '"' || c == '\\' || c < 0x20 || c >= 0x7f
-                   ? std::string(escaped)
-                   : std::string(1, static_cast<char>(c));
-    }
-    return out + (bytes.size() > most ? "\"..." : "\"");
-}
-
-std::string sessionText(const Session& s) {
-    std::string text;
-    for (const auto& line : s)
-        text += line + "\n";
-    return text;
-}
-
 double seconds(Clock::duration d) {
     return std::chrono::duration<double>(d).count();
 }
@@ -128,11 +105,6 @@ std::map<std::string, std::string> folderFiles(const fs::path& dir,
         files[name] = bytes;
     }
     return files;
-}
-
-bool emptyFolder(const fs::path& dir) {
-    std::error_code ec;
-    return fs::is_directory(dir, ec) && fs::is_empty(dir, ec);
 }
 
 // ---- The driver as a child process
@@ -246,7 +218,10 @@ struct Outcome {
 Outcome runSession(const Drive& drive, const RunDirs& dirs, const Session& session,
                    Clock::time_point deadline) {
     const fs::path in = dirs.root / "session.cmd", out = dirs.root / "session.out";
-    writeFile(in, sessionText(session));
+    std::string text;
+    for (const auto& line : session)
+        text += line + "\n";
+    writeFile(in, text);
     const int inFd = ::open(in.c_str(), O_RDONLY | O_CLOEXEC);
     const int outFd = ::open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
     const pid_t pid = drive.start(inFd, outFd);
@@ -275,8 +250,6 @@ std::string problemOf(const Outcome& o) {
 
 // No step of a script takes anywhere near this; a driver that does is hung.
 constexpr auto kHangLimit = std::chrono::seconds(60);
-// Kills between two timings of the uncut script.
-constexpr int kRetimeEvery = 5;
 
 struct Options {
     std::string drive;
@@ -290,7 +263,6 @@ struct Options {
 struct Versions {
     std::map<std::string, std::optional<std::string>> before;  // nullopt: not there
     std::map<std::string, std::vector<std::string>> written;   // in the order they came
-    std::map<std::string, int> replacements;                   // renames onto the name
     std::map<std::string, std::string> end;                    // the folder at the end
     std::set<std::string> names;                               // every name seen
 
@@ -317,7 +289,6 @@ public:
     Harness(Options options, fs::path work) : o_(std::move(options)), work_(std::move(work)) {}
 
     bool runKind(const Kind& kind) {
-        const auto kindStart = Clock::now();
         const fs::path initial = work_ / ("initial-" + kind.name);
         if (!prepare(kind, initial))
             return false;
@@ -354,52 +325,25 @@ public:
         };
 
         // The script's length at full speed, the span the kill moments are spread over. The
-        // machine's load comes and goes, so it is timed again every few kills, the median of
-        // the last five taken. The uncut runs must end where the reference ended, or the
-        // versions would not be all.
-        std::vector<double> spans;
-        auto timeUncut = [&] {
-            freshFolder();
-            const auto t0 = Clock::now();
-            const RunResult r = run(std::nullopt);
-            spans.push_back(seconds(Clock::now() - t0));
-            if (!r.problem.empty())
-                return fail(kind, "uncut run: " + r.problem);
-            if (folderFiles(dirs.data) != v.end)
-                return fail(kind,
-                            "an uncut run did not end with the reference run's files: the "
-                            "script is not repeatable");
-            return true;
-        };
-        auto currentSpan = [&] {
-            std::vector<double> last(spans.end() - std::min<std::size_t>(spans.size(), 5),
-                                     spans.end());
-            std::sort(last.begin(), last.end());
-            return last[last.size() / 2];
-        };
-        for (int i = 0; i < 5; ++i)
-            if (!timeUncut())
-                return false;
-        const double span = currentSpan();
-
-        std::printf("%s: %s written %d times, %d distinct versions; script %.3f s in %zu start%s\n",
-                    kind.name.c_str(), kind.target.c_str(), v.replacements[kind.target],
-                    v.versionsOf(kind.target), span, kind.script.size(),
-                    kind.script.size() == 1 ? "" : "s");
-        std::fflush(stdout);
+        // uncut run must end where the reference ended, or the versions would not be all.
+        freshFolder();
+        const auto t0 = Clock::now();
+        if (const RunResult r = run(std::nullopt); !r.problem.empty())
+            return fail(kind, "uncut run: " + r.problem);
+        const double span = seconds(Clock::now() - t0);
+        if (folderFiles(dirs.data) != v.end)
+            return fail(kind,
+                        "an uncut run did not end with the reference run's files: the "
+                        "script is not repeatable");
 
         std::mt19937_64 rng(o_.seed ^ std::hash<std::string>{}(kind.name));
-        int midWrite = 0, otherWrite = 0, afterEnd = 0, kindFailures = 0;
-        std::set<std::string> targetSeen;
-        const std::string tempPrefix = "." + kind.target + kTempMarker;
+        int kindFailures = 0;
         for (int k = 1; k <= o_.kills; ++k) {
-            if (k % kRetimeEvery == 0 && !timeUncut())
-                return false;
             // Uniform over the script's span, from the generator's bits alone so that a seed
             // gives the same moments with any standard library.
             const double fraction = static_cast<double>(rng() >> 11) * 0x1.0p-53;
             const auto delay = std::chrono::duration_cast<Clock::duration>(
-                std::chrono::duration<double>(fraction * currentSpan()));
+                std::chrono::duration<double>(fraction * span));
             const std::string label =
                 "kill " + std::to_string(k) + " at " +
                 std::to_string(
@@ -410,22 +354,14 @@ public:
             const int failuresBefore = failures_;
             if (!r.problem.empty())
                 fail(kind, label + ": " + r.problem);
-            if (!r.killed)
-                ++afterEnd;
 
             // What the kill left, before the next start tidies it.
             std::vector<std::string> odd;
             const auto left = folderFiles(dirs.data, &odd);
-            bool hitTarget = false, hitOther = false;
             for (const auto& [name, bytes] : left) {
-                if (isTempName(name)) {
-                    (startsWith(name, tempPrefix) ? hitTarget : hitOther) = true;
-                    continue;
-                }
-                if (!v.known(name, bytes))
+                if (!isTempName(name) && !v.known(name, bytes))
                     fail(kind, label + ": " + name + " held " + std::to_string(bytes.size()) +
-                                   " bytes " + shown(bytes) +
-                                   ", neither the version before the script nor any of the " +
+                                   " bytes, neither the version before the script nor any of the " +
                                    std::to_string(v.versionsOf(name)) + " written");
             }
             for (const auto& name : odd)
@@ -433,10 +369,6 @@ public:
             for (const auto& [name, bytes] : v.before)
                 if (!left.count(name) && !v.mayBeMissing(name))
                     fail(kind, label + ": " + name + " is gone");
-            midWrite += hitTarget;
-            otherWrite += hitOther && !hitTarget;
-            if (auto t = left.find(kind.target); t != left.end() && v.known(t->first, t->second))
-                targetSeen.insert(t->second);
 
             // Kept until the check is done, to be looked at when something failed.
             std::error_code ec;
@@ -454,14 +386,8 @@ public:
         }
         std::error_code ec;
         fs::remove_all(dirs.root, ec);
-        const auto [shortest, longest] = std::minmax_element(spans.begin(), spans.end());
-        std::printf(
-            "%s: %d kills in %.1f s, the script timed %zu times at %.3f to %.3f s: %d mid-write "
-            "(a temporary %s existed), %d in other writes, %d after the script ended; %zu of %d "
-            "versions found after a kill; %d failed\n",
-            kind.name.c_str(), o_.kills, seconds(Clock::now() - kindStart), spans.size(), *shortest,
-            *longest, midWrite, kind.target.c_str(), otherWrite, afterEnd, targetSeen.size(),
-            v.versionsOf(kind.target) + (v.before[kind.target] ? 1 : 0), kindFailures);
+        std::printf("%s: %d kills over a %.3f s script, %d failed\n", kind.name.c_str(), o_.kills,
+                    span, kindFailures);
         std::fflush(stdout);
         return kindFailures == 0;
     }
@@ -590,7 +516,6 @@ private:
             std::vector<std::string> inPlace;
             recordStep(dirs, inotifyFd, v, renames, inPlace);
             for (const auto& [name, count] : renames) {
-                v.replacements[name] += count;
                 // Two writes in one step would hide the version between them.
                 if (count > 1)
                     ok = fail(kind, where + ": '" + session[step] + "' replaced " + name + " " +
@@ -611,8 +536,6 @@ private:
         std::map<std::string, int> renames;
         std::vector<std::string> inPlace;
         recordStep(dirs, inotifyFd, v, renames, inPlace);
-        for (const auto& [name, count] : renames)
-            v.replacements[name] += count;
         ::close(inotifyFd);
         if (const std::string problem = problemOf({true, status, transcript}); !problem.empty())
             ok = fail(kind, where + ": " + problem);
@@ -680,7 +603,7 @@ private:
 
     bool checkOutside(const Kind& kind, const RunDirs& dirs, const std::string& label) {
         for (const auto& d : {dirs.home, dirs.tmp, dirs.cwd})
-            if (!emptyFolder(d))
+            if (std::error_code ec; !fs::is_directory(d, ec) || !fs::is_empty(d, ec))
                 return fail(kind, label + ": the driver wrote into " + d.string());
         std::error_code ec;
         if (fs::is_symlink(dirs.data, ec) || !fs::is_directory(dirs.data, ec))

@@ -52,14 +52,14 @@ inline std::vector<std::string> stackedDeck(const std::map<int, std::string>& wa
 
 // Slot s is Deck(s + 1); the up card Deck(23); the first draw Deck(52).
 inline const std::map<int, std::string> kStack{
-    {4, "4H"},    // slot 3
-    {8, "9C"},    // slot 7
-    {12, "7D"},   // slot 11
-    {13, "3D"},   // slot 12
-    {17, "8S"},   // slot 16
-    {18, "2D"},   // slot 17
-    {21, "5S"},   // slot 20
-    {22, "6H"},   // slot 21
+    {4, "4H"},    // slot 3, row 2
+    {8, "9C"},    // slot 7, row 3
+    {12, "7D"},   // slot 11, row 4
+    {13, "3D"},   // slot 12, row 4
+    {17, "8S"},   // slot 16, row 5
+    {18, "2D"},   // slot 17, row 5
+    {21, "5S"},   // slot 20, row 6
+    {22, "6H"},   // slot 21, row 6
     {23, "6C"},   // the first up card
     {52, "10H"},  // the first draw
 };
@@ -77,7 +77,8 @@ struct Table {
     TestProgram t;
     frmTierfall& f;
     AppState& g;
-    Table() : t(1), f(openTierfall(t)), g(t.prog.state) {}
+    explicit Table(std::uint64_t seed = 1) : t(seed), f(openTierfall(t)), g(t.prog.state) {}
+    ~Table() { EXPECT_TRUE(t.fake.takeErrors().empty()); }
 
     // Plays, then deals the stacked deck in place of the shuffled one.
     void playStacked(const std::map<int, std::string>& stack = kStack) {
@@ -86,6 +87,13 @@ struct Table {
         ASSERT_EQ(g.Deck[8], "9C");
         ASSERT_TRUE(f.Deal());
         t.fake.takeLog();
+    }
+    // Two clicks on Take Score: a game of two rounds, 18,000 at 90 seconds.
+    void playShortGame() {
+        t.click("frmTierfall", "cmdPlay");
+        t.click("frmTierfall", "cmdTakeScore");
+        t.click("frmTierfall", "cmdTakeScore");
+        ASSERT_FALSE(g.GameInProgress);
     }
     void card(int slot) { t.click("frmTierfall", "FieldCardPicture", slot); }
     void up() { t.click("frmTierfall", "UpCardPicture"); }
@@ -100,7 +108,23 @@ struct Table {
         return out;
     }
     std::set<int> shown() { return shownCards(f); }
+    // Everything above the bottom tier already played away: 20 and 21 clear the board.
+    void leaveTheBottomTier() {
+        for (int s = 0; s < 20; ++s)
+            f.board.cardPresent[s] = false;
+        f.PaintBoard();
+    }
 };
+
+// A user's double click on the list's item.
+inline void dblClickItem(ListControl& list, const std::string& item) {
+    const auto& items = list.items();
+    const auto at = std::find(items.begin(), items.end(), item);
+    ASSERT_NE(at, items.end()) << item;
+    list.setListIndex(static_cast<int>(at - items.begin()));
+    std::string why;
+    EXPECT_TRUE(userDblClick(list, &why)) << why;
+}
 
 inline std::set<int> allSlotsBut(std::set<int> gone) {
     std::set<int> out;

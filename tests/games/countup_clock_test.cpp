@@ -21,13 +21,6 @@ std::string pies(GameFrame& f) {
     return f.Surface.property("Drawing");
 }
 
-int lines(GameFrame& f) {
-    int n = 0;
-    for (const auto& op : f.Surface.ops())
-        n += op.kind == DrawOp::Line;
-    return n;
-}
-
 }  // namespace
 
 TEST(CountUp, SpeedBonusPaysEachSecondLeftWithTheClockRunningOn) {
@@ -53,9 +46,7 @@ TEST(CountUp, SpeedBonusPaysEachSecondLeftWithTheClockRunningOn) {
     EXPECT_EQ(scoring.front(), "1,000");
     EXPECT_EQ(scoring.back(), "0");
     EXPECT_EQ(scoring.size(), 11u);
-    EXPECT_EQ(f.lblScoring->foreColor(), colors::Black);  // red for the total, black counting
     EXPECT_FALSE(f.lblScoring->visible());
-    EXPECT_EQ(f.lblCurrentScore.foreColor(), colors::Blue);
     // 2 seconds to read the total, then 75 ms a step with a snap each.
     EXPECT_EQ(t.fake.elapsedMs() - start, 2000 + 10 * 75);
     EXPECT_EQ(count(t.fake.takeLog(), "sound Snap.wav"), 10);
@@ -116,8 +107,10 @@ TEST(Clock, PaintsQuartersInTheirColoursAndBlinksTheLastQuarter) {
     TestProgram t;
     GameFrame& f = t.openGame("frmSpirefold");
     InitClock(f);
-    EXPECT_EQ(pies(f), "");  // an empty clock
-    EXPECT_EQ(lines(f), 2);  // with its two grey lines
+    EXPECT_EQ(pies(f), "");             // an empty clock
+    const auto& ops = f.Surface.ops();  // with its two grey lines
+    EXPECT_EQ(
+        std::count_if(ops.begin(), ops.end(), [](auto& op) { return op.kind == DrawOp::Line; }), 2);
     EXPECT_EQ(f.Surface.ops().back().kind, DrawOp::Circle);
     EXPECT_EQ(f.Surface.ops().back().pen, colors::Black);
 

@@ -1,5 +1,4 @@
-// The end of a game on every form: the final score ranked in its table, and what a
-// damaged or missing table does to the game over.
+// What a damaged or missing high score table does to the game over.
 
 #include <gtest/gtest.h>
 
@@ -7,46 +6,9 @@
 #include <fstream>
 
 #include "common/FileStore.h"
-#include "games/GameRegistry.h"
-#include "games/tierfall/TierfallValues.h"
 #include "testkit/TestProgram.h"
 
 namespace corvanna {
-
-TEST(GameOver, EveryGameEndsInTheHighScoreTableWithItsNameAndFlashingRow) {
-    for (const GameInfo& game : allGames()) {
-        SCOPED_TRACE(game.formName);
-        TestProgram t;
-        GameFrame& f = t.openGame(game.formName);
-        auto& g = t.prog.state;
-        tierfallValues(t.prog).EnhancedScoring = false;  // Tierfall's clock runs from the deal
-        t.click(game.formName, "cmdPlay");
-        // Play every normal round to its time out; no bonus round at a score of 0.
-        for (int round = 1; round < game.normalRounds; ++round)
-            t.fake.advance(g.RoundSeconds * 1000 + 21 * 250);
-        g.Score = 123456;
-        g.BonusRoundScore = 999999999;  // the game ends after this round
-        bool asked = false, flashed = false;
-        t.fake.queueModal([&](Form& name) {
-            asked = true;
-            static_cast<TextBox&>(*name.find("txtPlayerName")).setText("Ines");
-            t.click(name.name(), "cmdOK");
-        });
-        t.fake.queueModal([&](Form& table) {
-            EXPECT_EQ(g.NewHighScoreRow, 0);
-            t.fake.takeLog();
-            t.fake.advance(1000);
-            flashed = true;
-            t.click(table.name(), "cmdDone");
-        });
-        t.fake.advance(g.RoundSeconds * 1000 + 10 * 250 + 2000);
-        EXPECT_TRUE(asked);
-        EXPECT_TRUE(flashed);
-        EXPECT_FALSE(g.GameInProgress);
-        EXPECT_EQ(f.lblHighScore.caption(), game.highScorePrefix + "123,456");
-        EXPECT_TRUE(t.fake.takeErrors().empty());
-    }
-}
 
 TEST(GameOver, ADamagedOrMissingTableAtGameOverIsNamedKeptAndTheGameGoesIdle) {
     for (const bool removeIt : {false, true}) {

@@ -22,7 +22,8 @@ TEST(TierfallPlay, SeedOneDealsTheGoldenBoard) {
     x.t.click("frmTierfall", "cmdPlay");
     const std::string dump = x.f.board.dump();
 
-    const auto golden = std::filesystem::path(__FILE__).parent_path() / "tierfall_deal.golden";
+    const auto golden =
+        std::filesystem::path(CORVANNA_TESTS_DIR) / "games" / "tierfall_deal.golden";
     std::ifstream in(golden, std::ios::binary);
     if (!in) {
         std::ofstream(golden, std::ios::binary) << dump;
@@ -40,15 +41,10 @@ TEST(TierfallPlay, SeedOneDealsTheGoldenBoard) {
     std::sort(sorted.begin(), sorted.end());
     std::sort(fresh.begin(), fresh.end());
     EXPECT_EQ(sorted, fresh);  // the goal's own deck, shuffled
-    for (int s = 0; s < TierfallBoard::kSlots; ++s) {
-        EXPECT_EQ(x.f.board.FieldCards[s], deck[s + 1]);
+    for (int s = 0; s < TierfallBoard::kSlots; ++s)
         EXPECT_EQ(x.f.FieldCardPicture[s]->picture(), x.pic(deck[s + 1]));
-        EXPECT_TRUE(x.f.FieldCardPicture[s]->visible());
-    }
+    EXPECT_EQ(x.shown(), allSlotsBut({}));
     EXPECT_EQ(x.f.UpCardPicture.picture(), x.pic(deck[23]));
-    EXPECT_EQ(x.f.board.PlayPile[0], deck[23]);
-    EXPECT_EQ(x.f.board.PlayPile[29], deck[52]);
-    EXPECT_EQ(tierfallValues(x.t.prog).RoundDecks[0], deck);
     EXPECT_EQ(x.f.lblCardCount.caption(), "Cards: 30");
     EXPECT_EQ(x.f.PlayCardPicture.picture(), x.pic("FULL"));
     EXPECT_EQ(x.f.lblCurrentTotal.caption(), "0");
@@ -187,7 +183,6 @@ TEST(TierfallPlay, ADrawPutsOneUpCardBackIntoTheLowestGapAndChargesOneMove) {
     EXPECT_EQ(x.f.UpCardPicture.picture(), x.pic(x.g.Deck[50]));
     EXPECT_EQ(x.f.lblCardCount.caption(), "Cards: 27");
     EXPECT_EQ(x.g.Score, 100);  // one move into tier one
-    EXPECT_EQ(x.f.lblCurrentScore.caption(), "100");
 }
 
 TEST(TierfallPlay, DrawPileRunsOutOnAFullBoard) {
@@ -245,16 +240,15 @@ TEST(TierfallPlay, PauseShowsBacksAndRefusesClicksUntilResumed) {
     x.card(7);
     x.heard();
     x.t.click("frmTierfall", "cmdPause");
+    EXPECT_EQ(x.shown(), allSlotsBut({}));
     for (int s = 0; s < TierfallBoard::kSlots; ++s) {
-        EXPECT_TRUE(x.f.FieldCardPicture[s]->visible());
         EXPECT_EQ(x.f.FieldCardPicture[s]->picture(), x.pic("BACK"));
         EXPECT_FALSE(x.f.FieldSelectionRectangle[s]->visible());
     }
-    EXPECT_FALSE(x.f.PlayCardPicture.visible());
-    EXPECT_FALSE(x.f.UpCardPicture.visible());
-    EXPECT_FALSE(x.f.lblCardCount.visible());
-    EXPECT_FALSE(x.f.lblCurrentTotal.visible());
-    EXPECT_FALSE(x.f.CardTotalRectangle.visible());
+    for (const Control* c : std::initializer_list<const Control*>{
+             &x.f.PlayCardPicture, &x.f.UpCardPicture, &x.f.lblCardCount, &x.f.lblCurrentTotal,
+             &x.f.CardTotalRectangle})
+        EXPECT_FALSE(c->visible()) << c->name();
     x.card(20);
     x.card(7);
     EXPECT_EQ(x.heard(), (Sounds{"Chord.wav", "Chord.wav"}));

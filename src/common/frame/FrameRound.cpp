@@ -147,6 +147,7 @@ bool GameFrame::InitRound() {
     const bool bonusRound = g_.RoundNumber > info_.normalRounds;
     if (g_.MusicOn && RoundPlaysTune() && (bonusRound || !(info_.menuStartsNoTune && menuCommand_)))
         StartMusic();
+    RoundStarted();
     return true;
 }
 

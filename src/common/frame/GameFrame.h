@@ -55,6 +55,8 @@ public:
     virtual std::string RoundHint() const { return info_.hintLine; }
     // Whether the tune plays in this round (when the player has it on).
     virtual bool RoundPlaysTune() const { return true; }
+    // The last step of the round start, once the round is on: what else the game shows.
+    virtual void RoundStarted() {}
     // Shows or hides the board's cards (game over, pause, time out).
     virtual void ShowCards(bool visible) { (void)visible; }
     // Shows or hides the round's boxes and lblHighScore; the score stays.
