@@ -23,7 +23,7 @@ while [ $# -gt 0 ]; do
         --settle) settle=$2; shift 2 ;;
         --pid) pid=$2; shift 2 ;;
         --) shift; break ;;
-        *) echo "usage: bench/idle.sh [--build DIR] [--seconds N] [--settle N] [-- QT_OPTIONS...]" >&2; exit 2 ;;
+        *) echo "usage: bench/idle.sh [--build DIR] [--seconds N] [--settle N] [--pid PID] [-- QT_OPTIONS...]" >&2; exit 2 ;;
     esac
 done
 if [ -z "$pid" ]; then

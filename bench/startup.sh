@@ -17,7 +17,10 @@ while [ $# -gt 0 ]; do
 done
 app=$build/bench/bench_app
 bare=$build/bench/bench_bare
-[ -x "$app" ] && [ -x "$bare" ] || { echo "bench/startup.sh: build bench_app and bench_bare in $build (-DCORVANNA_BENCH=ON)" >&2; exit 2; }
+if [ ! -x "$app" ] || [ ! -x "$bare" ]; then
+    echo "bench/startup.sh: build bench_app and bench_bare in $build (-DCORVANNA_BENCH=ON)" >&2
+    exit 2
+fi
 if [ -z "${DISPLAY:-}" ]; then
     exec xvfb-run -a -s "-screen 0 1280x1024x24" "$0" --build "$build" --runs "$runs"
 fi
