@@ -630,33 +630,23 @@ int usage(const char* why) {
 int main(int argc, char** argv) {
     Options o;
     const auto kinds = allKinds();
-    for (int i = 1; i < argc; ++i) {
-        const std::string arg = argv[i];
-        if (i + 1 >= argc)
-            return usage(("'" + arg + "' needs a value or is unknown").c_str());
-        const std::string value = argv[++i];
-        char* end = nullptr;
-        if (arg == "--drive") {
+    // --drive PATH [--kills N] [--kind NAME]... [--seed S]; a bad number reads as 0.
+    for (int i = 1; i + 1 < argc; i += 2) {
+        const std::string arg = argv[i], value = argv[i + 1];
+        if (arg == "--drive")
             o.drive = value;
-        } else if (arg == "--kills") {
-            const long n = std::strtol(value.c_str(), &end, 10);
-            if (*end || n < 1 || n > 1000000)
-                return usage("--kills takes a count from 1 to 1000000");
-            o.kills = static_cast<int>(n);
-        } else if (arg == "--kind") {
-            if (std::none_of(kinds.begin(), kinds.end(),
-                             [&](const Kind& k) { return k.name == value; }))
-                return usage(("no kind of write '" + value + "'").c_str());
+        else if (arg == "--kills")
+            o.kills = std::max(1, std::atoi(value.c_str()));
+        else if (arg == "--kind")
             o.kinds.push_back(value);
-        } else if (arg == "--seed") {
-            errno = 0;
-            o.seed = std::strtoull(value.c_str(), &end, 10);
-            if (*end || errno || value.empty() || value[0] == '-')
-                return usage("--seed takes a whole number");
-        } else {
+        else if (arg == "--seed")
+            o.seed = std::strtoull(value.c_str(), nullptr, 10);
+        else
             return usage(("unknown option '" + arg + "'").c_str());
-        }
     }
+    for (const std::string& name : o.kinds)
+        if (std::none_of(kinds.begin(), kinds.end(), [&](const Kind& k) { return k.name == name; }))
+            return usage(("no kind of write '" + name + "'").c_str());
     if (o.drive.empty())
         return usage("--drive is needed");
     if (::access(o.drive.c_str(), X_OK) != 0)
