@@ -71,9 +71,13 @@ void ControlPeer::onChanged(Prop p) {
 void ControlPeer::apply(Prop p) {
     QWidget* w = widget_;
     switch (p) {
-        case Prop::Geometry: applyGeometry(); break;
+        case Prop::Geometry:
+            applyGeometry();
+            window_->placesChanged(model_->container());
+            break;
         case Prop::Visible:
             w->setVisible(model_->visible());
+            window_->placesChanged(model_->container());
             regainFocus();
             break;
         case Prop::Enabled:

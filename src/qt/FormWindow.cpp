@@ -8,6 +8,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
+#include <vector>
 
 #include "forms/Input.h"
 #include "forms/Keys.h"
@@ -38,9 +39,9 @@ FormWindow::FormWindow(Form& form, QtPlatform& platform) : form_(&form), platfor
     menus_->rebuild();
     for (auto& c : form.controls())
         addPeer(*c);
-    restack(nullptr);
+    restack(nullptr, true);
     for (auto& [c, peer] : peers_)
-        restack(c);
+        restack(c, true);
     layoutStatusBar();
     formSub_ = form.subscribe([this](Form&, Prop p) { onFormChanged(p); });
     setWindowTitle(QString::fromStdString(form.caption()));
@@ -103,7 +104,7 @@ void FormWindow::onFormChanged(Prop p) {
                 break;
             }
             addPeer(added);
-            restack(added.container());
+            restack(added.container(), true);
             break;
         }
         case Prop::Destroyed:
@@ -134,6 +135,7 @@ void FormWindow::addPeer(Control& c) {
 }
 
 void FormWindow::controlGone(Control* c) {
+    staleOrder_.erase(c);
     auto it = peers_.find(c);
     if (it == peers_.end())
         return;
@@ -166,22 +168,96 @@ QWidget* FormWindow::parentFor(const Control& c) const {
     return client_;
 }
 
-void FormWindow::restack(const Control* container) {
+namespace {
+
+// Which of the widgets keep their place: the longest run of them that Qt already stacks
+// in the wanted order. `rank` gives, in Qt's order, each one's wanted place.
+std::vector<bool> keepPlace(const std::vector<int>& rank, std::size_t count) {
+    std::vector<int> tails, tailAt, prev(rank.size(), -1);
+    for (int i = 0; i < static_cast<int>(rank.size()); ++i) {
+        const auto pos = std::lower_bound(tails.begin(), tails.end(), rank[i]) - tails.begin();
+        if (pos > 0)
+            prev[i] = tailAt[pos - 1];
+        if (pos == static_cast<std::ptrdiff_t>(tails.size())) {
+            tails.push_back(rank[i]);
+            tailAt.push_back(i);
+        } else {
+            tails[pos] = rank[i];
+            tailAt[pos] = i;
+        }
+    }
+    std::vector<bool> keeps(count, false);
+    for (int i = tailAt.empty() ? -1 : tailAt.back(); i >= 0; i = prev[i])
+        keeps[rank[i]] = true;
+    return keeps;
+}
+
+}  // namespace
+
+void FormWindow::placesChanged(const Control* container) {
+    if (staleOrder_.count(container))
+        restack(container, true);
+}
+
+void FormWindow::restack(const Control* container, bool exact) {
     if (!form_)
         return;
     auto kids = form_->childrenOf(container);
     std::stable_sort(kids.begin(), kids.end(),
                      [](const Control* a, const Control* b) { return a->zOrder() < b->zOrder(); });
+    std::vector<QWidget*> wanted;  // bottom to top
     for (const Control* k : kids)
         if (QWidget* w = widgetOf(*k))
-            w->raise();
-    // The status bar is aligned to the form and stays over everything.
+            wanted.push_back(w);
+    if (wanted.empty())
+        return;
+    std::vector<int> rank;                   // in Qt's order, each one's wanted place
+    std::vector<int> at(wanted.size(), -1);  // and the other way round
+    for (QObject* o : wanted.front()->parentWidget()->children())
+        if (auto it = std::find(wanted.begin(), wanted.end(), o); it != wanted.end()) {
+            at[it - wanted.begin()] = static_cast<int>(rank.size());
+            rank.push_back(static_cast<int>(it - wanted.begin()));
+        }
+    // Every widget Qt restacks is repainted. Where no two shown ones overlap in the wrong
+    // order the screen is right as it is: Qt's order waits until one moves or shows.
+    auto wrongWhereItShows = [&] {
+        for (std::size_t i = 0; i < wanted.size(); ++i)
+            for (std::size_t j = i + 1; j < wanted.size(); ++j)
+                if (at[i] > at[j] && !wanted[i]->isHidden() && !wanted[j]->isHidden() &&
+                    wanted[i]->geometry().intersects(wanted[j]->geometry()))
+                    return true;
+        return false;
+    };
+    if (!exact && !wrongWhereItShows()) {
+        staleOrder_.insert(container);
+        return;
+    }
+    staleOrder_.erase(container);
+    // Only those out of order move, top down, each straight under the one above it.
+    const std::vector<bool> keeps = keepPlace(rank, wanted.size());
+    for (std::size_t i = wanted.size(); i-- > 0;) {
+        if (keeps[i])
+            continue;
+        if (i + 1 == wanted.size())
+            wanted[i]->raise();
+        else
+            wanted[i]->stackUnder(wanted[i + 1]);
+    }
+    // Over everything: the status bar (aligned to the form), the focus ring, the play
+    // cursor; each raised only when something else came over it.
+    auto raiseOver = [](QWidget* w, std::initializer_list<const QObject*> mayBeAbove) {
+        const QObjectList& all = w->parentWidget()->children();
+        for (auto it = all.rbegin(); it != all.rend() && *it != w; ++it)
+            if ((*it)->isWidgetType() &&
+                std::find(mayBeAbove.begin(), mayBeAbove.end(), *it) == mayBeAbove.end()) {
+                w->raise();
+                return;
+            }
+    };
     if (!container && statusBar_)
-        statusBar_->raise();
-    if (ring_->isVisible())
-        ring_->raise();
-    if (cursor_->isVisible())
-        cursor_->raise();
+        raiseOver(statusBar_, {ring_, cursor_});
+    raiseOver(ring_, {cursor_});
+    raiseOver(cursor_, {});
 }
 
 void FormWindow::layoutStatusBar() {

@@ -9,6 +9,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 
 #include "forms/Form.h"
 
@@ -64,7 +65,10 @@ public:
 
     // Peers ask these when a control restacks, changes its pointer, can take the focus
     // again, or goes.
-    void restack(const Control* container);
+    // Exact: Qt's order made the model's even where no two overlap.
+    void restack(const Control* container, bool exact = false);
+    // A child of the container moved, resized, showed or hid: an order left behind may show.
+    void placesChanged(const Control* container);
     // An active window whose widgets have all let the focus go gets it back.
     void refocus();
     bool hourglass() const;
@@ -108,6 +112,8 @@ private:
     FocusRing* ring_ = nullptr;
     PlayCursorFrame* cursor_ = nullptr;
     QPointer<QWidget> statusBar_;
+    // Containers whose children Qt stacks otherwise than the model where none overlap.
+    std::set<const Control*> staleOrder_;
     const Control* statusModel_ = nullptr;
     int formSub_ = 0;
     bool applying_ = false;  // the window is being set from the model

@@ -27,6 +27,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <memory>
+#include <random>
 #include <set>
 #include <tuple>
 
@@ -40,6 +41,7 @@
 #include "qt/QtTestApp.h"
 #include "scores/frmHiScoreName.h"
 #include "shell/Startup.h"
+#include "shell/frmSelect.h"
 
 namespace corvanna {
 namespace {
@@ -476,6 +478,37 @@ TEST_F(QtRender, DrawingBoxPaintsPiesAndLines) {
     EXPECT_TRUE(near(again.pixel(35, 65), qRgb(0, 255, 0))) << std::hex << again.pixel(35, 65);
 }
 
+TEST_F(QtRender, StackingShowsTheModelsOrderWhereControlsOverlap) {
+    // Cards in a row, some overlapping; sent back, brought up, moved and hidden at random.
+    std::vector<Control*> cards;
+    for (int i = 0; i < 6; ++i) {
+        Control& c = form->addControl(ControlKind::Image, "imgCard", i);
+        c.setPicture(std::to_string(i + 1) + "S");
+        c.move(i * 600, 300, 1035, 1410);
+        cards.push_back(&c);
+    }
+    platform->showForm(*form, false);
+    std::mt19937 rng(7);
+    for (int step = 0; step < 200; ++step) {
+        Control& c = *cards[rng() % cards.size()];
+        switch (rng() % 4) {
+            case 0: c.sendToBack(); break;
+            case 1: c.bringToFront(); break;
+            case 2: c.setLeft(static_cast<int>(rng() % 4000)); break;
+            default: c.setVisible(!c.visible()); break;
+        }
+        // Of two shown cards that overlap, the one higher in the model is drawn over the other.
+        const QObjectList& order = window().clientArea()->children();
+        for (Control* a : cards)
+            for (Control* b : cards) {
+                QWidget *wa = window().widgetOf(*a), *wb = window().widgetOf(*b);
+                if (a->zOrder() < b->zOrder() && a->visible() && b->visible() &&
+                    wa->geometry().intersects(wb->geometry()))
+                    ASSERT_LT(order.indexOf(wa), order.indexOf(wb)) << "step " << step;
+            }
+    }
+}
+
 TEST_F(QtRender, QuitEndsTheLoopWithoutAskingOpenWindowsToClose) {
     int closeRequests = 0;
     platform->onCloseRequest = [&](Form&) { ++closeRequests; };
@@ -631,6 +664,43 @@ TEST(QtRealForms, SelectorAndGameFormShow) {
         runLoop(30);
         // Whatever the game shows, the window paints without trouble.
         EXPECT_FALSE(gw->grab().isNull());
+    }
+}
+
+// The selector's cards turn all the time it is open: a tick repaints the card it turns and
+// what lies behind it, and nothing else.
+TEST(QtRealForms, SelectorTickRepaintsOnlyTheCardItTurns) {
+    qtTestApp();
+    QTemporaryDir data;
+    ASSERT_TRUE(data.isValid());
+    QtPlatform platform;
+    platform.setQuitWhenLastFormUnloaded(false);
+    Program program(platform, data.path().toStdString(), 7);
+    auto& select = static_cast<frmSelect&>(startSelector(program));
+    FormWindow* w = platform.windowOf(select);
+    ASSERT_NE(w, nullptr);
+    runLoop(30);
+    struct Painted : QObject {
+        std::set<QObject*> seen;
+        bool eventFilter(QObject* o, QEvent* e) override {
+            if (e->type() == QEvent::Paint)
+                seen.insert(o);
+            return false;
+        }
+    } painted;
+    for (QWidget* c : w->findChildren<QWidget*>())
+        c->installEventFilter(&painted);
+    std::set<QObject*> cards;
+    for (Control* img : select.imgSplashImage)
+        cards.insert(w->widgetOf(*img));
+    for (int tick = 0; tick < 32; ++tick) {  // the row turned over twice
+        painted.seen.clear();
+        select.Timer1_Timer();
+        QCoreApplication::processEvents();
+        painted.seen.erase(w->clientArea());
+        EXPECT_LE(painted.seen.size(), 1u) << "tick " << tick;
+        for (QObject* o : painted.seen)
+            EXPECT_TRUE(cards.count(o)) << "tick " << tick << ": " << o->metaObject()->className();
     }
 }
 
