@@ -503,8 +503,9 @@ TEST_F(QtRender, StackingShowsTheModelsOrderWhereControlsOverlap) {
             for (Control* b : cards) {
                 QWidget *wa = window().widgetOf(*a), *wb = window().widgetOf(*b);
                 if (a->zOrder() < b->zOrder() && a->visible() && b->visible() &&
-                    wa->geometry().intersects(wb->geometry()))
+                    wa->geometry().intersects(wb->geometry())) {
                     ASSERT_LT(order.indexOf(wa), order.indexOf(wb)) << "step " << step;
+                }
             }
     }
 }
