@@ -141,7 +141,8 @@ TEST(SavedGameFile, TheScoreCommentAtEachBandEdge) {
     for (const auto& [highest, comment] : bands) {
         EXPECT_EQ(SavedGameComment(lowest), comment) << lowest;
         EXPECT_EQ(SavedGameComment(highest), comment) << highest;
-        if (highest < std::numeric_limits<long long>::max()) lowest = highest + 1;
+        if (highest < std::numeric_limits<long long>::max())
+            lowest = highest + 1;
     }
 }
 
