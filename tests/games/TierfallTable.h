@@ -25,15 +25,6 @@ inline std::vector<std::string> sounds(const std::vector<std::string>& log) {
 
 using Sounds = std::vector<std::string>;
 
-// The game's form on the test program, as the selector will open it.
-inline frmTierfall& openTierfall(TestProgram& t) {
-    t.prog.state.AppTitle = "Tierfall!";
-    auto& f = t.prog.load<frmTierfall>(*findGame("frmTierfall"));
-    f.Form_Load();
-    t.prog.platform.showForm(f, false);
-    return f;
-}
-
 // The real deck for goal 11 with the given cards moved to the given positions.
 inline std::vector<std::string> stackedDeck(const std::map<int, std::string>& wanted) {
     auto deck = TierfallBoard::elevensDeck(11);
@@ -77,7 +68,8 @@ struct Table {
     TestProgram t;
     frmTierfall& f;
     AppState& g;
-    explicit Table(std::uint64_t seed = 1) : t(seed), f(openTierfall(t)), g(t.prog.state) {}
+    explicit Table(std::uint64_t seed = 1)
+        : t(seed), f(static_cast<frmTierfall&>(t.openGame("frmTierfall"))), g(t.prog.state) {}
     ~Table() { EXPECT_TRUE(t.fake.takeErrors().empty()); }
 
     // Plays, then deals the stacked deck in place of the shuffled one.

@@ -12,10 +12,6 @@ namespace corvanna {
 
 namespace {
 
-int count(const std::vector<std::string>& log, const std::string& line) {
-    return static_cast<int>(std::count(log.begin(), log.end(), line));
-}
-
 // The pies of the clock as "colour@start+span", in painting order.
 std::string pies(GameFrame& f) {
     return f.Surface.property("Drawing");

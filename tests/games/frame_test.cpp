@@ -17,10 +17,6 @@ namespace corvanna {
 
 namespace {
 
-bool logHas(const std::vector<std::string>& log, const std::string& line) {
-    return std::find(log.begin(), log.end(), line) != log.end();
-}
-
 std::string panel(GameFrame& f, int n) {
     return f.StatusBar1.panelText(n);
 }
@@ -197,7 +193,7 @@ TEST(Frame, NoRoundClockOrTuneRunsWhileMinimisedWhateverStartsOrResumesTheRound)
         t.click(game.formName, "mnuMusic");
         auto tuneStarts = [&] {
             const auto log = t.fake.takeLog();
-            return std::count(log.begin(), log.end(), "music start Orlund.MID");
+            return count(log, "music start Orlund.MID");
         };
         auto clockStandsStill = [&] {
             const auto before = g.ElapsedSeconds;

@@ -57,10 +57,6 @@ struct Captions : Seen<std::string, Prop::Caption, &Control::caption> {
 
 constexpr Color kCyan = 0x00FFFF;
 
-int count(const Sounds& s, const std::string& name) {
-    return static_cast<int>(std::count(s.begin(), s.end(), name));
-}
-
 // Five combinations and a draw on kRoundStack, with the score after each step.
 std::vector<std::int32_t> playFiveCombinationsAndADraw(Table& x) {
     std::vector<std::int32_t> scores;
@@ -425,7 +421,7 @@ TEST(TierfallRound, EndGameAsksFirstRecordsNothingAndOffersReplay) {
     EXPECT_EQ(f.cmdPlay.toolTipText(), "Ends the game in progress");
     EXPECT_FALSE(f.frmSplash.visible());
     const auto log = t.fake.takeLog();
-    EXPECT_EQ(std::count(log.begin(), log.end(), "music start Orlund.MID"), 0);
+    EXPECT_EQ(count(log, "music start Orlund.MID"), 0);
 
     // Answered No: paused for the question, then on as before.
     Captions message(f.lblMessage);
@@ -506,7 +502,7 @@ TEST(TierfallRound, AnEndedRoundOrGameLeavesTheClockEmptyAndStillAndTheTuneOff) 
     ASSERT_FALSE(g.GameInProgress);
     ASSERT_TRUE(g.MusicOn);
     const auto log = t.fake.takeLog();
-    EXPECT_EQ(std::count(log.begin(), log.end(), "music start Orlund.MID"), 0);
+    EXPECT_EQ(count(log, "music start Orlund.MID"), 0);
     EXPECT_TRUE(f.Surface.visible());
     EXPECT_TRUE(stillAndEmpty());
 

@@ -17,7 +17,6 @@ namespace corvanna {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using tierfall_test::openTierfall;
 using tierfall_test::Table;
 
 namespace {
@@ -90,7 +89,7 @@ TEST(TierfallSavedGames, MenusStandInTheGameMenuAndWaitForAGameToEnd) {
 
 TEST(TierfallSavedGames, AnotherPlayerOpensTheSavedGameAndReplaysItsDeals) {
     TestProgram first(3);
-    openTierfall(first);
+    first.openGame("frmTierfall");
     first.prog.state.BonusRoundScore = 18000;  // the game reaches all three rounds
     first.click("frmTierfall", "cmdPlay");
     first.click("frmTierfall", "cmdTakeScore");

@@ -2,7 +2,14 @@
 // The Qt tests share one executable and one application object: whichever test
 // runs first makes it, offscreen unless told otherwise.
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
+#include <memory>
+#include <vector>
+
+#include "forms/Form.h"
+#include "qt/QtPlatform.h"
 
 namespace corvanna {
 
@@ -17,5 +24,29 @@ inline QApplication& qtTestApp() {
     static QApplication* app = new QApplication(argc, argv);
     return *app;
 }
+
+// One form on the real platform, let go as the program does: the platform before the form.
+class QtFormTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        qtTestApp();
+        platform = std::make_unique<QtPlatform>();
+        platform->setQuitWhenLastFormUnloaded(false);
+        form = std::make_unique<Form>(*platform, "frmTest");
+    }
+    void TearDown() override {
+        for (auto& f : extra)
+            platform->formUnloaded(*f);
+        platform->formUnloaded(*form);
+        extra.clear();
+        form.reset();
+        platform.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    std::unique_ptr<QtPlatform> platform;
+    std::unique_ptr<Form> form;
+    std::vector<std::unique_ptr<Form>> extra;
+};
 
 }  // namespace corvanna

@@ -128,7 +128,16 @@ TEST_F(CardArtPictures, EveryPictureIsDrawnAtItsRealPixelSize) {
                                int(std::ceil(c.size.height() * c.dpr)));
             EXPECT_EQ(pm.size(), device);
             EXPECT_DOUBLE_EQ(pm.devicePixelRatio(), c.dpr);
+            EXPECT_EQ(CardArt::pixmap(name, c.size, c.dpr).cacheKey(), pm.cacheKey());
         }
+    for (const char* unknown : {"", "14S", "palm-some"})
+        EXPECT_FALSE(CardArt::knows(unknown)) << unknown;
+    EXPECT_TRUE(CardArt::pixmap("", QSize(71, 96), 1.0).isNull());
+    // A face is white in the middle of its top edge and has round, see-through corners.
+    const QImage face = render("7D", QSize(71, 96));
+    EXPECT_GT(qGray(face.pixel(35, 20)), 245);
+    EXPECT_TRUE(CardArt::knows("EMPTY"));
+    EXPECT_EQ(qAlpha(face.pixel(0, 0)), 0);
 }
 
 // Counted in the suit's own ink: red for hearts and diamonds, near black for the others.

@@ -71,27 +71,14 @@ bool near(QRgb a, QRgb b, int tolerance = 24) {
            std::abs(qBlue(a) - qBlue(b)) <= tolerance;
 }
 
-class QtRender : public ::testing::Test {
+class QtRender : public QtFormTest {
 protected:
     void SetUp() override {
-        qtTestApp();
-        platform = std::make_unique<QtPlatform>();
-        platform->setQuitWhenLastFormUnloaded(false);
-        form = std::make_unique<Form>(*platform, "frmTest");
+        QtFormTest::SetUp();
         form->setCaption("Test Form");
         form->setBackColor(colors::FeltGreen);
         form->setBounds(600, 450, 6000 + kFrameWidthTwips,
                         4500 + kFrameHeightTwips + kMenuBarTwips);
-    }
-    void TearDown() override {
-        // As the program does: the platform lets go before the form dies.
-        for (auto& f : extra)
-            platform->formUnloaded(*f);
-        platform->formUnloaded(*form);
-        extra.clear();
-        form.reset();
-        platform.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     FormWindow& window() {
         FormWindow* w = platform->windowOf(*form);
@@ -102,10 +89,6 @@ protected:
     W* widget(const Control& c) {
         return qobject_cast<W*>(window().widgetOf(c));
     }
-
-    std::unique_ptr<QtPlatform> platform;
-    std::unique_ptr<Form> form;
-    std::vector<std::unique_ptr<Form>> extra;
 };
 
 TEST_F(QtRender, WindowShowsTheModelAndFollowsIt) {
@@ -604,82 +587,32 @@ TEST_F(QtRender, ProgressBarLineBorderAndThePlayCursorFollowTheModel) {
     EXPECT_EQ(std::tuple(cardClicks, goes), std::tuple(2, 2));
 }
 
-// Sizes, device pixel ratios and the slots' names are the card art tests' own.
-TEST(CardArtTest, CachesAndDrawsWhiteFacesWithRoundCornersAndKnowsOnlyItsNames) {
-    qtTestApp();
-    const QPixmap face = CardArt::pixmap("1S", QSize(71, 96), 2.0);
-    EXPECT_EQ(CardArt::pixmap("1S", QSize(71, 96), 2.0).cacheKey(), face.cacheKey());
-    EXPECT_TRUE(CardArt::pixmap("", QSize(71, 96), 1.0).isNull());
-    // A face is white in the middle of its edge; a back is not.
-    const QImage faceImg = CardArt::pixmap("7D", QSize(71, 96), 1.0).toImage();
-    const QImage backImg = CardArt::pixmap("palm-back", QSize(71, 96), 1.0).toImage();
-    EXPECT_TRUE(near(faceImg.pixel(35, 20), qRgb(255, 255, 255), 10));
-    EXPECT_FALSE(near(backImg.pixel(35, 20), qRgb(255, 255, 255), 60));
-    // Corners are round: transparent outside the card.
-    EXPECT_EQ(qAlpha(faceImg.pixel(0, 0)), 0);
-    EXPECT_TRUE(CardArt::knows("EMPTY"));
-    EXPECT_FALSE(CardArt::knows("14S"));
-    EXPECT_FALSE(CardArt::knows("palm-some"));
-}
-
-// The real selector and a real game form, through the real window.
-TEST(QtRealForms, SelectorAndGameFormShow) {
-    qtTestApp();
+// The real program on the real platform, in a data folder of its own.
+struct RealProgram {
+    QApplication& app = qtTestApp();
     QTemporaryDir data;
-    ASSERT_TRUE(data.isValid());
     QtPlatform platform;
-    platform.setQuitWhenLastFormUnloaded(false);
-    {
-        Program program(platform, data.path().toStdString(), 7);
-        // A message box here would wait for a user who never comes.
-        QTimer watchdog;
-        QObject::connect(&watchdog, &QTimer::timeout, [] {
-            if (QWidget* modal = QApplication::activeModalWidget()) {
-                ADD_FAILURE() << "unexpected dialog: " << modal->windowTitle().toStdString();
-                modal->close();
-            }
-        });
-        watchdog.start(50);
-
-        Form& select = startSelector(program);
-        FormWindow* sw = platform.windowOf(select);
-        ASSERT_NE(sw, nullptr);
-        EXPECT_TRUE(sw->isVisible());
-        const auto buttons = sw->findChildren<QPushButton*>();
-        EXPECT_GE(buttons.size(), 11);  // nine games, the web page and Close
-        const auto launch = std::find_if(buttons.begin(), buttons.end(),
-                                         [](auto* b) { return b->text() == "&Tierfall"; });
-        ASSERT_NE(launch, buttons.end());
-        runLoop(30);
-
-        (*launch)->click();
-        Form* game = program.findForm("frmTierfall");
-        ASSERT_NE(game, nullptr);
-        FormWindow* gw = platform.windowOf(*game);
-        ASSERT_NE(gw, nullptr);
-        EXPECT_TRUE(gw->isVisible());
-        EXPECT_FALSE(sw->isVisible());  // the selector steps aside for the game
-        auto* menuBar = qobject_cast<QMenuBar*>(gw->menuWidget());
-        ASSERT_NE(menuBar, nullptr);
-        EXPECT_FALSE(menuBar->actions().isEmpty());
-        runLoop(30);
-        // Whatever the game shows, the window paints without trouble.
-        EXPECT_FALSE(gw->grab().isNull());
-    }
-}
+    Program program{(platform.setQuitWhenLastFormUnloaded(false), platform),
+                    data.path().toStdString(), 7};
+};
 
 // The selector's cards turn all the time it is open: a tick repaints the card it turns and
-// what lies behind it, and nothing else.
-TEST(QtRealForms, SelectorTickRepaintsOnlyTheCardItTurns) {
-    qtTestApp();
-    QTemporaryDir data;
-    ASSERT_TRUE(data.isValid());
-    QtPlatform platform;
-    platform.setQuitWhenLastFormUnloaded(false);
-    Program program(platform, data.path().toStdString(), 7);
-    auto& select = static_cast<frmSelect&>(startSelector(program));
-    FormWindow* w = platform.windowOf(select);
+// what lies behind it, and nothing else. Then a real game form takes its place.
+TEST(QtRealForms, SelectorTicksRepaintOnlyTheCardTurnedAndAGameFormShows) {
+    RealProgram r;
+    // A message box here would wait for a user who never comes.
+    QTimer watchdog;
+    QObject::connect(&watchdog, &QTimer::timeout, [] {
+        if (QWidget* modal = QApplication::activeModalWidget()) {
+            ADD_FAILURE() << "unexpected dialog: " << modal->windowTitle().toStdString();
+            modal->close();
+        }
+    });
+    watchdog.start(50);
+    auto& select = static_cast<frmSelect&>(startSelector(r.program));
+    FormWindow* w = r.platform.windowOf(select);
     ASSERT_NE(w, nullptr);
+    EXPECT_TRUE(w->isVisible());
     runLoop(30);
     struct Painted : QObject {
         std::set<QObject*> seen;
@@ -703,17 +636,33 @@ TEST(QtRealForms, SelectorTickRepaintsOnlyTheCardItTurns) {
         for (QObject* o : painted.seen)
             EXPECT_TRUE(cards.count(o)) << "tick " << tick << ": " << o->metaObject()->className();
     }
+
+    const auto buttons = w->findChildren<QPushButton*>();
+    EXPECT_GE(buttons.size(), 11);  // nine games, the web page and Close
+    const auto launch = std::find_if(buttons.begin(), buttons.end(),
+                                     [](auto* b) { return b->text() == "&Tierfall"; });
+    ASSERT_NE(launch, buttons.end());
+    (*launch)->click();
+    Form* game = r.program.findForm("frmTierfall");
+    ASSERT_NE(game, nullptr);
+    FormWindow* gw = r.platform.windowOf(*game);
+    ASSERT_NE(gw, nullptr);
+    EXPECT_TRUE(gw->isVisible());
+    EXPECT_FALSE(w->isVisible());  // the selector steps aside for the game
+    auto* menuBar = qobject_cast<QMenuBar*>(gw->menuWidget());
+    ASSERT_NE(menuBar, nullptr);
+    EXPECT_FALSE(menuBar->actions().isEmpty());
+    runLoop(30);
+    // Whatever the game shows, the window paints without trouble.
+    EXPECT_FALSE(gw->grab().isNull());
 }
 
 // The name dialog in the real window: the stored name comes selected, so what is typed
 // replaces it; Tab and the mouse select it again; Enter is OK.
 TEST(QtRealForms, NameDialogOffersTheStoredNameSelected) {
-    qtTestApp();
-    QTemporaryDir data;
-    ASSERT_TRUE(data.isValid());
-    QtPlatform platform;
-    platform.setQuitWhenLastFormUnloaded(false);
-    Program program(platform, data.path().toStdString(), 7);
+    RealProgram r;
+    Program& program = r.program;
+    QtPlatform& platform = r.platform;
     program.state.AppTitle = "Tierfall!";
     program.state.UserName = "Alice";
     QTimer::singleShot(0, [&] {

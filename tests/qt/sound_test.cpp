@@ -9,7 +9,6 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QMessageBox>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QtEndian>
@@ -124,31 +123,6 @@ TEST(ProgramSounds, EveryWaveIsMonoPcmOfAFittingLength) {
         ASSERT_FALSE(w.samples.empty());
         EXPECT_GE(w.seconds(), use.minSeconds);
         EXPECT_LE(w.seconds(), use.maxSeconds);
-    }
-}
-
-TEST(ProgramAssets, ToolsWriteTheSameBytesEveryRun) {
-    qtTestApp();
-    QTemporaryDir one, two;
-    ASSERT_TRUE(one.isValid() && two.isValid());
-    for (const QString tool : {"make_sounds", "make_tune"})
-        for (const QTemporaryDir* dir : {&one, &two}) {
-            QProcess p;
-            p.start(buildDir() + "/tools/" + tool, {dir->path()});
-            ASSERT_TRUE(p.waitForFinished(30000) && p.exitStatus() == QProcess::NormalExit &&
-                        p.exitCode() == 0)
-                << tool.toStdString() << ": " << p.readAllStandardError().toStdString();
-        }
-    std::vector<QString> names{"Orlund.MID"};
-    for (const WaveUse& use : kWaves)
-        names.push_back(use.name);
-    for (const QString& name : names) {
-        SCOPED_TRACE(name.toStdString());
-        const QByteArray a = readAll(one.path() + "/" + name);
-        ASSERT_FALSE(a.isEmpty());
-        EXPECT_EQ(a, readAll(two.path() + "/" + name));
-        // And what the build put beside the program is the very same.
-        EXPECT_EQ(a, readAll(assetsDir() + "/" + name));
     }
 }
 

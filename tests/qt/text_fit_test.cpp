@@ -49,21 +49,12 @@ Ink inkOf(QWidget* w, qreal ratio) {
     return ink;
 }
 
-class LabelFit : public ::testing::Test {
+class LabelFit : public QtFormTest {
 protected:
     void SetUp() override {
-        qtTestApp();
-        platform = std::make_unique<QtPlatform>();
-        platform->setQuitWhenLastFormUnloaded(false);
-        form = std::make_unique<Form>(*platform, "frmFit");
+        QtFormTest::SetUp();
         form->setBounds(0, 0, 9540, 7200);
         platform->showForm(*form, false);
-    }
-    void TearDown() override {
-        platform->formUnloaded(*form);
-        form.reset();
-        platform.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     // A black label on white, as big in twips as asked.
     QWidget* label(const std::string& caption, TextFit fit, double size, int width, int height) {
@@ -78,8 +69,6 @@ protected:
         return platform->windowOf(*form)->widgetOf(l);
     }
 
-    std::unique_ptr<QtPlatform> platform;
-    std::unique_ptr<Form> form;
     int count = 0;
 };
 

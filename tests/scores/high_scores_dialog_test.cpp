@@ -39,10 +39,6 @@ std::string seedTable(long long score) {
     return text;
 }
 
-bool logHas(const std::vector<std::string>& log, const std::string& line) {
-    return std::find(log.begin(), log.end(), line) != log.end();
-}
-
 std::vector<std::string> only(const std::vector<std::string>& log,
                               const std::vector<std::string>& prefixes) {
     std::vector<std::string> out;

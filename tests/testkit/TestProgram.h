@@ -3,7 +3,9 @@
 // selector is up, and a test clicks its way from there.
 
 #include <QTemporaryDir>
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "common/Program.h"
 #include "common/frame/GameFrame.h"
@@ -29,5 +31,13 @@ public:
     GameFrame& openGame(const std::string& formName);
     std::string file(const std::string& plainName) const;
 };
+
+// How often a line stands in the platform's log.
+inline int count(const std::vector<std::string>& log, const std::string& line) {
+    return static_cast<int>(std::count(log.begin(), log.end(), line));
+}
+inline bool logHas(const std::vector<std::string>& log, const std::string& line) {
+    return count(log, line) > 0;
+}
 
 }  // namespace corvanna
