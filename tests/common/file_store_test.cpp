@@ -64,18 +64,13 @@ struct WriteSite {
     std::function<void(TestProgram&, int step)> write;
 };
 
-void leaveTierfall(TestProgram& t) {
-    t.fake.queueAnswer(MsgResult::Yes);
-    t.click("frmTierfall", "cmdExit");
-}
-
 const std::vector<WriteSite>& sites() {
     static const std::vector<WriteSite> all{
         {"settings on leaving a game", "Tierfall.Ini",
          [](TestProgram& t, int step) {
              t.openGame("frmTierfall");
              t.click("frmTierfall", step % 2 ? "mnu60" : "mnu30");
-             leaveTierfall(t);
+             t.leaveGame("frmTierfall");
          }},
         {"the user's details", "User.ini",
          [](TestProgram& t, int step) {
@@ -84,7 +79,7 @@ const std::vector<WriteSite>& sites() {
         {"the count of games played", "Played.ini",
          [](TestProgram& t, int) {
              t.openGame("frmTierfall");
-             leaveTierfall(t);
+             t.leaveGame("frmTierfall");
          }},
         {"a high score table at game over", "Fivestack Hi Score Table 60.Txt",
          [](TestProgram& t, int step) {

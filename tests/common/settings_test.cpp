@@ -11,14 +11,9 @@
 namespace corvanna {
 
 TEST(SettingsFile, ItemsFollowTheCommaAndQuoteRules) {
-    const auto items = settingsItems("[Key]\r\n  \"Quoted, with comma\"\r\nAnn, Arbor\r\n\r\nlast");
-    ASSERT_EQ(items.size(), 6u);
-    EXPECT_EQ(items[0], "[Key]");
-    EXPECT_EQ(items[1], "Quoted, with comma");
-    EXPECT_EQ(items[2], "Ann");
-    EXPECT_EQ(items[3], "Arbor");
-    EXPECT_EQ(items[4], "");
-    EXPECT_EQ(items[5], "last");
+    EXPECT_EQ(
+        settingsItems("[Key]\r\n  \"Quoted, with comma\"\r\nAnn, Arbor\r\n\r\nlast"),
+        (std::vector<std::string>{"[Key]", "Quoted, with comma", "Ann", "Arbor", "", "last"}));
 }
 
 TEST(SettingsFile, ReaderIsCaseSensitiveLastKeyWinsUnknownPassedOver) {

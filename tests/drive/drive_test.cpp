@@ -43,23 +43,14 @@ std::vector<std::string> lines(const std::string& text) {
 }
 
 // A fresh folder per test, gone afterwards.
-class TempDir {
-public:
-    TempDir() {
-        const fs::path base = ::testing::TempDir();
-        std::string templ = (base / "corvanna-drive-test-XXXXXX").string();
-        if (::mkdtemp(templ.data()))
-            path_ = templ;
-    }
+struct TempDir {
+    std::string name = ::testing::TempDir() + "corvanna-drive-test-XXXXXX";
+    const fs::path dir = ::mkdtemp(name.data()) ? name : "";
     ~TempDir() {
         std::error_code ec;
-        if (!path_.empty())
-            fs::remove_all(path_, ec);
+        fs::remove_all(dir, ec);
     }
-    const fs::path& path() const { return path_; }
-
-private:
-    fs::path path_;
+    const fs::path& path() const { return dir; }
 };
 
 // Runs the driver with the script on stdin; stdout and stderr through files, so a large

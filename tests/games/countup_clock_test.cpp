@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 #include "common/frame/Clock.h"
 #include "common/frame/CountUp.h"
@@ -110,28 +111,25 @@ TEST(Clock, PaintsQuartersInTheirColoursAndBlinksTheLastQuarter) {
     EXPECT_EQ(f.Surface.ops().back().kind, DrawOp::Circle);
     EXPECT_EQ(f.Surface.ops().back().pen, colors::Black);
 
-    DrawClock(45, f);
-    EXPECT_EQ(pies(f), "#00FF00@0+45");
-    DrawClock(90, f);
-    EXPECT_EQ(pies(f), "#00FF00@0+90");
-    DrawClock(180, f);
-    EXPECT_EQ(pies(f), "#00FF00@0+90 #00FF00@90+90");
-    DrawClock(270, f);
-    EXPECT_EQ(pies(f), "#00FF00@0+90 #00FF00@90+90 #FFFF00@180+90");
-    EXPECT_FALSE(t.fake.isRunning(f.Timer2));
-    // The last quarter starts Timer2 and swaps red and white on every paint.
-    DrawClock(300, f);
-    EXPECT_EQ(pies(f), "#00FF00@0+90 #00FF00@90+90 #FFFF00@180+90 #FF0000@270+30");
-    EXPECT_TRUE(t.fake.isRunning(f.Timer2));
-    DrawClock(300, f);
-    EXPECT_EQ(pies(f), "#00FF00@0+90 #00FF00@90+90 #FFFF00@180+90 #FFFFFF@270+30");
-    DrawClock(300, f);
-    EXPECT_EQ(pies(f), "#00FF00@0+90 #00FF00@90+90 #FFFF00@180+90 #FF0000@270+30");
-    DrawClock(360, f);
-    EXPECT_EQ(pies(f), "#00FF00@0+90 #00FF00@90+90 #FFFF00@180+90 #FF0000@270+90");
-    EXPECT_FALSE(t.fake.isRunning(f.Timer2));
-    DrawClock(400, f);  // out of range: as 0
-    EXPECT_EQ(pies(f), "");
+    // Green, green, yellow, then red: the last quarter starts Timer2 and swaps red and white
+    // on every paint. Out of range is as 0.
+    const std::string threeQuarters = "#00FF00@0+90 #00FF00@90+90 #FFFF00@180+90";
+    const std::tuple<int, std::string, bool> paints[] = {
+        {45, "#00FF00@0+45", false},
+        {90, "#00FF00@0+90", false},
+        {180, "#00FF00@0+90 #00FF00@90+90", false},
+        {270, threeQuarters, false},
+        {300, threeQuarters + " #FF0000@270+30", true},
+        {300, threeQuarters + " #FFFFFF@270+30", true},
+        {300, threeQuarters + " #FF0000@270+30", true},
+        {360, threeQuarters + " #FF0000@270+90", false},
+        {400, "", false},
+    };
+    for (const auto& [degrees, drawn, blinking] : paints) {
+        DrawClock(degrees, f);
+        EXPECT_EQ(pies(f), drawn) << degrees;
+        EXPECT_EQ(t.fake.isRunning(f.Timer2), blinking) << degrees;
+    }
 }
 
 TEST(Clock, ThirtySecondRoundBlinksFromTheTwentyThirdSecond) {

@@ -59,8 +59,7 @@ TEST(Frame, EveryGameOpensOnItsSplashAndExitsBackToTheSelector) {
             EXPECT_EQ(shown, "TFAL");
 
         // Back to the selector: a fresh form has been open under a minute.
-        t.fake.queueAnswer(MsgResult::Yes);
-        t.click(game.formName, game.exitButton);
+        t.leaveGame(game.formName);
         EXPECT_EQ(t.fake.messages().back(), "Giving up so soon?");
         EXPECT_EQ(t.prog.findForm(game.formName), nullptr);
         EXPECT_TRUE(t.select.visible());
@@ -258,13 +257,7 @@ TEST(Frame, SoundsAndTheTuneThroughAWholeGame) {
     t.click("frmSpirefold", "mnu30");
     t.click("frmSpirefold", "mnuMusic");
     t.fake.takeLog();
-    auto soundsAndMusic = [&] {
-        std::vector<std::string> out;
-        for (const auto& line : t.fake.takeLog())
-            if (line.rfind("sound ", 0) == 0 || line.rfind("music ", 0) == 0)
-                out.push_back(line);
-        return out;
-    };
+    auto soundsAndMusic = [&] { return only(t.fake.takeLog(), {"sound ", "music "}); };
     t.click("frmSpirefold", "cmdPlay");
     t.fake.advance(10000);
     // Minimised: the tune stops; restored: it starts again from the top.
@@ -303,8 +296,8 @@ TEST(Frame, SoundsAndTheTuneThroughAWholeGame) {
     g.Score = 40000;
     t.fake.advance(30000 + 21 * 250);
     const auto second = soundsAndMusic();
-    EXPECT_EQ(std::count(second.begin(), second.end(), "sound Applause.wav"), 0);
-    EXPECT_EQ(std::count(second.begin(), second.end(), "music start Orlund.MID"), 3);
+    EXPECT_EQ(count(second, "sound Applause.wav"), 0);
+    EXPECT_EQ(count(second, "music start Orlund.MID"), 3);
 }
 
 TEST(Frame, ClicksHeldDuringTheEndOfARoundDoNotPauseOrEndTheNextOne) {
@@ -389,12 +382,11 @@ TEST(Frame, BackDesignMenusFollowEachGamesNumbering) {
                           Case{"frmWildslot", "mnuNight", 2, "night-back"},
                           Case{"frmWildslot", "mnuMagic", 3, "magic-back"}}) {
         SCOPED_TRACE(std::string(c.form) + " " + c.menu);
-        GameFrame& f = t.openGame(c.form);
+        t.openGame(c.form);
         t.click(c.form, c.menu);
         EXPECT_EQ(t.prog.state.DeckBack, c.deckBack);
         EXPECT_EQ(t.prog.pictures.picture("BACK"), c.back);
-        t.fake.queueAnswer(MsgResult::Yes);
-        t.click(c.form, f.info().exitButton);
+        t.leaveGame(c.form);
     }
     // Hitspree opens on its own default, Night Castle, whatever the last game chose.
     TestProgram fresh;
@@ -405,26 +397,6 @@ TEST(Frame, BackDesignMenusFollowEachGamesNumbering) {
     // And a game reopened in the same folder comes back with the design it was left with.
     t.openGame("frmHitspree");
     EXPECT_EQ(t.prog.state.DeckBack, 4);
-}
-
-// That every control lies inside the client area above the status bar is the layout test's.
-TEST(Frame, AtTheSmallestSizeTheCommandsStackInOrderAndTheSplashClearsTheClock) {
-    TestProgram t;
-    for (const GameInfo& game : allGames()) {
-        SCOPED_TRACE(game.formName);
-        GameFrame& f = t.openGame(game.formName);
-        int below = f.lblHighScore.top() + f.lblHighScore.height();
-        for (Control* c :
-             std::initializer_list<Control*>{&f.cmdPlay, &f.cmdPause, f.cmdTakeScore, &f.cmdExit}) {
-            if (!c)
-                continue;
-            EXPECT_GE(c->top(), below) << c->name();
-            below = c->top() + c->height();
-        }
-        EXPECT_LE(f.frmSplash.left() + f.frmSplash.width(), f.TimerRectangle.left());
-        t.fake.queueAnswer(MsgResult::Yes);
-        t.click(game.formName, game.exitButton);
-    }
 }
 
 TEST(Frame, NormalWindowIsHeldAtItsSmallestSize) {

@@ -50,6 +50,17 @@ TEST(Layout, EveryGameFormScalesAsOnePieceInsideTheClientAreaAboveTheStatusBar) 
     for (const GameInfo& game : allGames()) {
         SCOPED_TRACE(game.formName);
         GameFrame& f = t.openGame(game.formName);
+        // As the form opens, at its smallest size: the commands stack in order under the high
+        // score, and the splash stays clear of the clock.
+        int below = f.lblHighScore.top() + f.lblHighScore.height();
+        for (Control* c :
+             std::initializer_list<Control*>{&f.cmdPlay, &f.cmdPause, f.cmdTakeScore, &f.cmdExit}) {
+            if (!c)
+                continue;
+            EXPECT_GE(c->top(), below) << c->name();
+            below = c->top() + c->height();
+        }
+        EXPECT_LE(f.frmSplash.left() + f.frmSplash.width(), f.TimerRectangle.left());
         const auto design = placedControls(f);
         const Rect d = extent(design);
         // The smallest window, a 1024x768 screen's worth, maximised on a 1920x1080 screen, and
@@ -85,8 +96,7 @@ TEST(Layout, EveryGameFormScalesAsOnePieceInsideTheClientAreaAboveTheStatusBar) 
             EXPECT_EQ(outside, "");
         }
         f.setWindowState(WindowState::Normal);
-        t.fake.queueAnswer(MsgResult::Yes);
-        t.click(game.formName, game.exitButton);
+        t.leaveGame(game.formName);
     }
 }
 

@@ -226,11 +226,7 @@ TEST(SavedGameFile, DamagedFilesAreRefusedWithTheirReason) {
          "it has a round 3 deck but no round 2 deck"},
         // Binary junk, and too much of anything.
         {junk, binary},
-        {std::string("\x7f"
-                     "ELF\x02\x01\x01",
-                     7) +
-             good,
-         binary},
+        {"\177ELF\2\1\1" + good, binary},
         {over, "it is larger than 1 MiB (" + std::to_string(over.size()) + " bytes)"},
     };
     for (const auto& [text, reason] : cases)

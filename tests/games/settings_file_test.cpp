@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QFile>
 #include <algorithm>
 #include <filesystem>
 
@@ -14,19 +13,6 @@
 
 namespace corvanna {
 
-namespace {
-void writeFile(const std::string& path, const std::string& bytes) {
-    QFile f(QString::fromStdString(path));
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(bytes.data(), static_cast<qint64>(bytes.size()));
-}
-
-void leave(TestProgram& t, GameFrame& f) {
-    t.fake.queueAnswer(MsgResult::Yes);
-    t.click(f.name(), f.info().exitButton);
-}
-}  // namespace
-
 TEST(SettingsFile, FirstStartWritesTheDefaultsInTheGamesOrder) {
     TestProgram t;
     t.openGame("frmWildslot");
@@ -35,11 +21,8 @@ TEST(SettingsFile, FirstStartWritesTheDefaultsInTheGamesOrder) {
         "[Play Sounds]\r\nTrue\r\n\r\n[Play Music]\r\nFalse\r\n\r\n[Deck]\r\n1\r\n\r\n"
         "[Bonus Score]\r\n5000000\r\n\r\n[Time Bonus]\r\n100\r\n\r\n[Count Down]\r\nTrue\r\n\r\n"
         "[Time]\r\n90\r\n\r\n[Width]\r\n9540\r\n\r\n[Height]\r\n7305\r\n\r\n");
-    GameFrame& h = [&]() -> GameFrame& {
-        leave(t, dynamic_cast<GameFrame&>(t.form("frmWildslot")));
-        return t.openGame("frmHitspree");
-    }();
-    (void)h;
+    t.leaveGame("frmWildslot");
+    t.openGame("frmHitspree");
     // Hitspree keeps its time under its own key and has no time bonus key.
     const std::string hit = t.file("Hitspree.Ini");
     EXPECT_NE(hit.find("[Time Limit]\r\n90\r\n"), std::string::npos);
@@ -66,7 +49,7 @@ TEST(SettingsFile, EveryGameKeepsItsChoicesAcrossACloseAndReopen) {
             if (f.mnuDeck)
                 t.click(game.formName, "mnuNight");
             f.setSize(game.minWidth + 1500, game.minHeight + 600);
-            leave(t, f);
+            t.leaveGame(f.name());
         }
         TestProgram t(1, data);
         GameFrame& f = t.openGame(game.formName);
@@ -91,10 +74,11 @@ TEST(SettingsFile, HandEditedValuesFollowTheReadingRules) {
     TestProgram t;
     // Keys out of order, "true" in lower case, a time off the menu, a deck that is no
     // design, text where a number belongs, a key twice (the last wins), a stray line.
-    writeFile(t.prog.filePath("Spirefold.Ini"),
-              "[Deck]\r\n5\r\n\r\n[Time]\r\n50\r\n\r\n[Play Sounds]\r\ntrue\r\n\r\n"
-              "garbage line\r\n[Bonus Score]\r\nlots\r\n\r\n[Time Bonus]\r\n250\r\n\r\n"
-              "[Time Bonus]\r\n300\r\n\r\n[Play Music]\r\nTrue\r\n");
+    ASSERT_TRUE(
+        writeFileAtomic(t.prog.filePath("Spirefold.Ini"),
+                        "[Deck]\r\n5\r\n\r\n[Time]\r\n50\r\n\r\n[Play Sounds]\r\ntrue\r\n\r\n"
+                        "garbage line\r\n[Bonus Score]\r\nlots\r\n\r\n[Time Bonus]\r\n250\r\n\r\n"
+                        "[Time Bonus]\r\n300\r\n\r\n[Play Music]\r\nTrue\r\n"));
     t.prog.pictures.selectDesign(4);
     GameFrame& f = t.openGame("frmSpirefold");
     auto& g = t.prog.state;
@@ -113,13 +97,13 @@ TEST(SettingsFile, HandEditedValuesFollowTheReadingRules) {
     EXPECT_TRUE(t.fake.messages().empty());  // a bad value is no reason for a message
 
     // An empty file leaves every default in force and is replaced by a full one on leaving.
-    leave(t, f);
+    t.leaveGame(f.name());
     EXPECT_TRUE(fileExists(t.prog.filePath("Spirefold.Ini.bad")));  // the hand-edited one, kept
-    writeFile(t.prog.filePath("Duomatch.Ini"), "");
+    ASSERT_TRUE(writeFileAtomic(t.prog.filePath("Duomatch.Ini"), ""));
     t.openGame("frmDuomatch");
     EXPECT_EQ(g.RoundSeconds, 45);
     EXPECT_EQ(g.BonusRoundScore, 80000);
-    leave(t, dynamic_cast<GameFrame&>(t.form("frmDuomatch")));
+    t.leaveGame("frmDuomatch");
     const std::string duo = t.file("Duomatch.Ini");
     EXPECT_EQ(duo.rfind("[Play Music]\r\nFalse\r\n\r\n[Time]\r\n45\r\n", 0), 0u);
     // Play Music stands twice in this game's file.
@@ -136,7 +120,7 @@ TEST(SettingsFile, MaximisedWindowComesBackMaximisedAndRestoresToTheTableSize) {
         GameFrame& f = t.openGame("frmGridflush");
         f.setSize(12000, 9000);
         f.setWindowState(WindowState::Maximized);
-        leave(t, f);
+        t.leaveGame(f.name());
         const std::string text = t.file("Gridflush.Ini");
         EXPECT_NE(text.find("[State]\r\n2\r\n\r\n[Width]\r\n9570\r\n\r\n[Height]\r\n7200\r\n"),
                   std::string::npos);
@@ -149,10 +133,11 @@ TEST(SettingsFile, MaximisedWindowComesBackMaximisedAndRestoresToTheTableSize) {
     // game's own size.
     EXPECT_EQ(f.width(), 9540);
     EXPECT_EQ(f.height(), 7305);
-    leave(t, f);
+    t.leaveGame(f.name());
     // Width and height ahead of State: read while not maximised, so they take effect.
-    writeFile(t.prog.filePath("Colclear.Ini"),
-              "[Width]\r\n11000\r\n\r\n[Height]\r\n8000.6\r\n\r\n[State]\r\n2\r\n\r\n");
+    ASSERT_TRUE(
+        writeFileAtomic(t.prog.filePath("Colclear.Ini"),
+                        "[Width]\r\n11000\r\n\r\n[Height]\r\n8000.6\r\n\r\n[State]\r\n2\r\n\r\n"));
     GameFrame& c = t.openGame("frmColclear");
     EXPECT_EQ(c.windowState(), WindowState::Maximized);
     c.setWindowState(WindowState::Normal);
@@ -164,19 +149,19 @@ TEST(SettingsFile, DamagedFileIsNamedKeptAsideAndReplacedOnLeaving) {
     TestProgram t;
     const std::string path = t.prog.filePath("Lettermine.Ini");
     const std::string junk = std::string("[Time]\r\n60\r\n\0\x01\x02\xff binary", 20);
-    writeFile(path, junk);
+    ASSERT_TRUE(writeFileAtomic(path, junk));
     t.fake.queueAnswer(MsgResult::OK);
     GameFrame& f = t.openGame("frmLettermine");
     ASSERT_EQ(t.fake.messages().size(), 1u);
     EXPECT_NE(t.fake.messages()[0].find(path), std::string::npos);
     EXPECT_EQ(t.prog.state.RoundSeconds, 45);   // nothing of a damaged file is taken
     EXPECT_EQ(t.file("Lettermine.Ini"), junk);  // untouched until the user leaves
-    leave(t, f);
+    t.leaveGame(f.name());
     EXPECT_EQ(t.file("Lettermine.Ini.bad"), junk);
     EXPECT_EQ(t.file("Lettermine.Ini").rfind("[Play Music]\r\nFalse\r\n", 0), 0u);
 
     // A huge file is not read into memory.
-    writeFile(path, std::string(1024 * 1024 + 1, 'x'));
+    ASSERT_TRUE(writeFileAtomic(path, std::string(1024 * 1024 + 1, 'x')));
     t.fake.queueAnswer(MsgResult::OK);
     t.openGame("frmLettermine");
     EXPECT_NE(t.fake.messages().back().find("'" + path +

@@ -20,11 +20,6 @@ frmTierfall& open(TestProgram& t) {
     return static_cast<frmTierfall&>(t.openGame("frmTierfall"));
 }
 
-void leave(TestProgram& t) {
-    t.fake.queueAnswer(MsgResult::Yes);
-    t.click("frmTierfall", "cmdExit");
-}
-
 std::vector<std::string> names(const std::vector<Menu*>& menus) {
     std::vector<std::string> out;
     for (Menu* m : menus)
@@ -116,7 +111,7 @@ TEST(TierfallOptions, ChoicesComeBackAfterCloseAndReopenAndOddValuesAreReadAsThe
             d.txtCompletion.setText("12345");
             t.click(d.name(), "cmdOK");
         });
-        leave(t);
+        t.leaveGame("frmTierfall");
     }
     frmTierfall& f = open(t);
     const auto& v = tierfallValues(t.prog);
@@ -133,7 +128,7 @@ TEST(TierfallOptions, ChoicesComeBackAfterCloseAndReopenAndOddValuesAreReadAsThe
     EXPECT_TRUE(t.prog.state.CustomScoring);
     EXPECT_EQ(f.caption(), "Tierfall!");
     EXPECT_EQ(f.FieldCardPicture[0]->toolTipText(), "700 points");
-    leave(t);
+    t.leaveGame("frmTierfall");
 
     // A goal outside the menu stays the goal with no entry checked; a colour outside it
     // changes nothing; a goal that is no number is damage, kept aside on leaving.
@@ -146,13 +141,13 @@ TEST(TierfallOptions, ChoicesComeBackAfterCloseAndReopenAndOddValuesAreReadAsThe
             EXPECT_FALSE(m->checked());
         EXPECT_EQ(v.SelectionColorIndex, 1);
         EXPECT_TRUE(g.mnuColors[1]->checked());
-        leave(t);
+        t.leaveGame("frmTierfall");
     }
     EXPECT_FALSE(fileExists(ini + ".bad"));
     ASSERT_TRUE(writeFileAtomic(ini, "[CardGoal]\r\neleven\r\n\r\n"));
     open(t);
     EXPECT_EQ(v.CardGoal, 11);
-    leave(t);
+    t.leaveGame("frmTierfall");
     EXPECT_TRUE(fileExists(ini + ".bad"));
     EXPECT_TRUE(t.fake.takeErrors().empty());
 }
@@ -265,7 +260,7 @@ TEST(TierfallOptions, DefaultGivesTheDefaultsInEitherModeAndARaisedCardBonusIsCu
         t.click(d.name(), "cmdOK");
     });
     EXPECT_TRUE(g.CustomScoring);
-    leave(t);
+    t.leaveGame("frmTierfall");
     open(t);
     EXPECT_EQ(tierfallValues(t.prog).CardBonus, 5000000);
     EXPECT_TRUE(g.CustomScoring);

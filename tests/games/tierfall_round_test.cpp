@@ -420,8 +420,7 @@ TEST(TierfallRound, EndGameAsksFirstRecordsNothingAndOffersReplay) {
     EXPECT_EQ(f.cmdPlay.caption(), "&End Game");
     EXPECT_EQ(f.cmdPlay.toolTipText(), "Ends the game in progress");
     EXPECT_FALSE(f.frmSplash.visible());
-    const auto log = t.fake.takeLog();
-    EXPECT_EQ(count(log, "music start Orlund.MID"), 0);
+    EXPECT_EQ(count(t.fake.takeLog(), "music start Orlund.MID"), 0);
 
     // Answered No: paused for the question, then on as before.
     Captions message(f.lblMessage);
@@ -451,13 +450,11 @@ TEST(TierfallRound, EndGameAsksFirstRecordsNothingAndOffersReplay) {
     EXPECT_FALSE(f.lblHighScore.visible() || f.lblTime.visible() || f.lblCurrentTotal.visible());
     EXPECT_EQ(f.lblTime.caption(), "Time:");
     EXPECT_TRUE(shownCards(f).empty());
-    const auto after = t.fake.takeLog();
-    EXPECT_NE(std::find(after.begin(), after.end(), "music stop"), after.end());
+    EXPECT_TRUE(logHas(t.fake.takeLog(), "music stop"));
     // Nothing was recorded, and the button starts the tune with the next game.
     EXPECT_EQ(t.prog.state.NewHighScoreRow, -1);
     t.click("frmTierfall", "cmdPlay");
-    const auto again = t.fake.takeLog();
-    EXPECT_NE(std::find(again.begin(), again.end(), "music start Orlund.MID"), again.end());
+    EXPECT_TRUE(logHas(t.fake.takeLog(), "music start Orlund.MID"));
     EXPECT_TRUE(t.fake.takeErrors().empty());
 }
 
@@ -501,8 +498,7 @@ TEST(TierfallRound, AnEndedRoundOrGameLeavesTheClockEmptyAndStillAndTheTuneOff) 
     t.click("frmTierfall", "cmdTakeScore");
     ASSERT_FALSE(g.GameInProgress);
     ASSERT_TRUE(g.MusicOn);
-    const auto log = t.fake.takeLog();
-    EXPECT_EQ(count(log, "music start Orlund.MID"), 0);
+    EXPECT_EQ(count(t.fake.takeLog(), "music start Orlund.MID"), 0);
     EXPECT_TRUE(f.Surface.visible());
     EXPECT_TRUE(stillAndEmpty());
 

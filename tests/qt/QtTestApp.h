@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QEventLoop>
+#include <QTimer>
 #include <memory>
 #include <vector>
 
@@ -23,6 +25,13 @@ inline QApplication& qtTestApp() {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     static QApplication* app = new QApplication(argc, argv);
     return *app;
+}
+
+// Lets the event loop run for a while, as the user's program would between clicks.
+inline void runLoop(int ms) {
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec();
 }
 
 // One form on the real platform, let go as the program does: the platform before the form.

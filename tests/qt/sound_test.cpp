@@ -6,11 +6,9 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QFile>
 #include <QMessageBox>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <QtEndian>
 #include <algorithm>
 #include <cstdint>
@@ -45,12 +43,6 @@ std::uint32_t le(const QByteArray& b, qsizetype at, int bytes) {
     for (int i = bytes - 1; i >= 0; --i)
         v = (v << 8) | static_cast<std::uint8_t>(b[at + i]);
     return v;
-}
-
-void runLoopFor(int ms) {
-    QEventLoop loop;
-    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
-    loop.exec();
 }
 
 struct Wave {
@@ -203,7 +195,7 @@ bool waitUntil(Condition done, int timeoutMs = 5000) {
     while (!done()) {
         if (clock.elapsed() > timeoutMs)
             return false;
-        runLoopFor(2);
+        runLoop(2);
     }
     return true;
 }
@@ -220,7 +212,7 @@ TEST(MusicPlayerTest, StartStopAndStartAgainFollowTheTune) {
     music.stop();
     EXPECT_FALSE(music.isPlaying());
     ASSERT_TRUE(waitUntil([&] { return !music.isLoading(); }));
-    runLoopFor(2);
+    runLoop(2);
     EXPECT_FALSE(music.isPlaying());
     EXPECT_EQ(music.stream(), nullptr);
 
@@ -297,7 +289,7 @@ TEST(SoundPlayerTest, EffectLetGoOnceItsSoundIsOver) {
     sound.play(click);
     QObject* effect = sound.effectFor(click);
     ASSERT_NE(effect, nullptr);
-    runLoopFor(waveLengthMs(click) + 800);
+    runLoop(waveLengthMs(click) + 800);
     EXPECT_FALSE(effect->property("playing").toBool());
 }
 
@@ -324,7 +316,7 @@ TEST(SoundPlayerTest, OneEffectPerFileKeptAndEveryCallReturnsQuietlyWithoutAnAud
     sound.play(assetsDir() + "/NoSuchSound.wav");
     EXPECT_EQ(sound.effectFor(assetsDir() + "/NoSuchSound.wav"), nullptr);
     EXPECT_EQ(sound.effectCount(), 2);
-    runLoopFor(5);
+    runLoop(5);
 
     QtPlatform platform;
     platform.setQuitWhenLastFormUnloaded(false);
@@ -338,11 +330,11 @@ TEST(SoundPlayerTest, OneEffectPerFileKeptAndEveryCallReturnsQuietlyWithoutAnAud
     platform.startMusic(assets + "/Orlund.MID");
     platform.startMusic(assets + "/NoSuchTune.MID");
     // Whatever the audio layer does in the background has its turn.
-    runLoopFor(10);
+    runLoop(10);
     EXPECT_FALSE(anyMessageBoxShown());
     platform.stopMusic();
     platform.playWave(assets + "/Applause.wav");
-    runLoopFor(10);
+    runLoop(10);
     EXPECT_FALSE(anyMessageBoxShown());
 }
 

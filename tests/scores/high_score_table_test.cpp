@@ -148,8 +148,7 @@ TEST(HighScoreRanking, TiesGoBelowEqualScoresAndSoundFollowsSoundsOn) {
     EXPECT_EQ(tb.t.prog.state.NewHighScoreRow, 4);
     EXPECT_EQ(readRaw(tb.path), head + row("Tie", 70000, kNow) +
                                     rest.substr(0, rest.size() - row("E5", 55000).size()));
-    for (const auto& line : tb.t.fake.takeLog())
-        EXPECT_EQ(line.rfind("sound", 0), std::string::npos) << line;
+    EXPECT_EQ(only(tb.t.fake.takeLog(), {"sound"}), std::vector<std::string>{});
 }
 
 TEST(HighScoreRanking, LastPlaceLeavesElevenRowsUntilTheNextRewrite) {
@@ -200,10 +199,7 @@ TEST(HighScoreDamage, ADamagedTableIsReportedAndKeptByteForByte) {
         std::string bytes;
         std::string reason;
     };
-    std::string binary =
-        "\x7f"
-        "ELF\x02\x01\x01";
-    binary += std::string("\0\0\0,\x03\0>\0\r\n", 11);
+    const std::string binary = "\177ELF\2\1\1" + std::string("\0\0\0,\x03\0>\0\r\n", 11);
     const std::string fiveRows = good.substr(0, 5 * row("P1", 100000).size() - 5);
     const std::vector<Case> cases = {
         {"cut in a name", fiveRows + "\r\nP6", "row 6 has no score"},
@@ -411,11 +407,9 @@ TEST(NameDialog, ACommaIsRefusedByOkAndTheCloseBoxWhichOtherwiseTakesTheName) {
         nameBox(f).setText("Ola Smith");
         EXPECT_TRUE(d.t.prog.requestUnload(f));
     });
-    const auto log = d.t.fake.takeLog();
     EXPECT_EQ(
-        std::count(
-            log.begin(), log.end(),
-            "msgbox Wildslot! | critical | Sorry, you may not use commas in your name. -> OK"),
+        count(d.t.fake.takeLog(),
+              "msgbox Wildslot! | critical | Sorry, you may not use commas in your name. -> OK"),
         2);
     EXPECT_EQ(d.t.prog.state.UserName, "Ola Smith");
 }

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
 #include <algorithm>
 #include <set>
 
@@ -15,17 +13,9 @@
 
 namespace corvanna {
 
-namespace {
 const char kDefaultUserIni[] =
     "[User Name]\r\nUnknown User\r\n\r\n[Hometown]\r\nUnknown\r\n\r\n[State]\r\nNone\r\n\r\n"
     "[Country]\r\nUnited States\r\n\r\n";
-
-void writeFile(const std::string& path, const std::string& bytes) {
-    QFile f(QString::fromStdString(path));
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(bytes.data(), static_cast<qint64>(bytes.size()));
-}
-}  // namespace
 
 TEST(Selector, FirstStartShowsNineGamesAndWritesTheUserDefaults) {
     TestProgram t;
@@ -57,9 +47,9 @@ TEST(Selector, FirstStartShowsNineGamesAndWritesTheUserDefaults) {
 TEST(Selector, UserIniReadBackWithMissingKeysAndCommas) {
     QTemporaryDir dir;
     const std::string path = dir.path().toStdString();
-    writeFile(
+    ASSERT_TRUE(writeFileAtomic(
         path + "/User.ini",
-        "[Hometown]\r\nAnn Arbor, MI\r\n\r\n[Country]\r\n\"Canada\"\r\n\r\n[state]\r\nOhio\r\n");
+        "[Hometown]\r\nAnn Arbor, MI\r\n\r\n[Country]\r\n\"Canada\"\r\n\r\n[state]\r\nOhio\r\n"));
     TestProgram t(1, path);
     auto& g = t.prog.state;
     EXPECT_EQ(g.UserName, "Unknown User");
@@ -104,30 +94,28 @@ TEST(Selector, CardsTurnToFacesThenToEachBackInTurn) {
 TEST(Selector, WebPageOpensOrSaysWhyNot) {
     TestProgram t;
     t.click("frmSelect", "cmdLaunchBrowser");
-    auto log = t.fake.takeLog();
-    EXPECT_NE(std::find(log.begin(), log.end(), std::string("url ") + kHomePageUrl), log.end());
+    EXPECT_TRUE(logHas(t.fake.takeLog(), std::string("url ") + kHomePageUrl));
     EXPECT_TRUE(t.fake.messages().empty());
 
+    // Each failure is told, and the next click tries the page again.
     t.fake.urlResult = UrlResult::NoBrowser;
     t.fake.queueAnswer(MsgResult::OK);
     t.click("frmSelect", "cmdLaunchBrowser");
-    EXPECT_EQ(t.fake.messages().back(), "Unable to find default web Browser");
     t.fake.urlResult = UrlResult::Failed;
     t.fake.queueAnswer(MsgResult::OK);
     t.click("frmSelect", "cmdLaunchBrowser");
-    EXPECT_EQ(t.fake.messages().back(),
-              std::string("Unable to open web page '") + kHomePageUrl + "'.");
-    log = t.fake.takeLog();
-    EXPECT_NE(std::find(log.begin(), log.end(),
-                        std::string("msgbox  | exclamation | Unable to open web page '") +
-                            kHomePageUrl + "'. -> OK"),
-              log.end());
+    const std::string url = kHomePageUrl;
+    EXPECT_EQ(
+        only(t.fake.takeLog(), {"url", "msgbox"}),
+        (std::vector<std::string>{
+            "url " + url, "msgbox  | exclamation | Unable to find default web Browser -> OK",
+            "url " + url, "msgbox  | exclamation | Unable to open web page '" + url + "'. -> OK"}));
 }
 
 TEST(Selector, UnusableDataFolderIsNamedAndTheProgramGoesOn) {
     QTemporaryDir dir;
     const std::string blocker = dir.path().toStdString() + "/not-a-folder";
-    writeFile(blocker, "x");
+    ASSERT_TRUE(writeFileAtomic(blocker, "x"));
     const std::string dataDir = blocker + "/corvanna";
     FakePlatform fake;
     fake.queueAnswer(MsgResult::OK);

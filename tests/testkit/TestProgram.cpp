@@ -40,6 +40,11 @@ GameFrame& TestProgram::openGame(const std::string& formName) {
     return dynamic_cast<GameFrame&>(form(formName));
 }
 
+void TestProgram::leaveGame(const std::string& formName) {
+    fake.queueAnswer(MsgResult::Yes);
+    click(formName, findGame(formName)->exitButton);
+}
+
 std::string TestProgram::file(const std::string& plainName) const {
     std::string text;
     readWholeFile(prog.filePath(plainName), text);

@@ -29,6 +29,8 @@ public:
     void click(const std::string& formName, const std::string& name, int index = -1);
     // Clicks the game's button on the selector and hands back its form.
     GameFrame& openGame(const std::string& formName);
+    // Clicks the game's exit button and answers Yes to its question.
+    void leaveGame(const std::string& formName);
     std::string file(const std::string& plainName) const;
 };
 
@@ -38,6 +40,16 @@ inline int count(const std::vector<std::string>& log, const std::string& line) {
 }
 inline bool logHas(const std::vector<std::string>& log, const std::string& line) {
     return count(log, line) > 0;
+}
+// The lines of the log that start with one of the prefixes, in order.
+inline std::vector<std::string> only(const std::vector<std::string>& log,
+                                     const std::vector<std::string>& prefixes) {
+    std::vector<std::string> out;
+    for (const auto& line : log)
+        if (std::any_of(prefixes.begin(), prefixes.end(),
+                        [&](const std::string& p) { return line.starts_with(p); }))
+            out.push_back(line);
+    return out;
 }
 
 }  // namespace corvanna
