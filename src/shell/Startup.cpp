@@ -10,16 +10,12 @@
 #include "scores/HighScores.h"
 #include "scores/ScoreMenus.h"
 #include "shell/frmAbout.h"
+#include "shell/frmRules.h"
 #include "shell/frmSelect.h"
 
 namespace corvanna {
 
 namespace {
-void notYet(Program& prog, const std::string& what) {
-    prog.msg(what + " will come with a later version of The Corvanna Collection.", MsgButtons::OK,
-             MsgIcon::Information);
-}
-
 bool endsWithNoCase(const std::string& text, const std::string& end) {
     if (end.size() > text.size())
         return false;
@@ -47,6 +43,7 @@ const GameInfo* gameOpening(const std::string& fileName) {
 
 Form& startSelector(Program& prog) {
     prog.dialogs.about = [&prog] { ShowAbout(prog); };
+    prog.dialogs.rules = [&prog] { ShowRules(prog); };
     InstallHighScoreDialogs(prog);
     // Both from the form's own row: its table name, seed and label prefix.
     prog.dialogs.showHighScoreLabel = [&prog](Form& form) {
@@ -79,7 +76,6 @@ Form& startSelector(Program& prog) {
                 lines += game.mailLines(prog);
         return lines;
     };
-    prog.dialogs.rules = [&prog] { notYet(prog, "The rules of " + prog.state.AppTitle); };
     frmSelect& select = prog.load<frmSelect>();
     select.Form_Load();
     prog.platform.showForm(select, false);

@@ -45,18 +45,25 @@ TEST(About, CountsEachOpeningAndTheMinutesOfThisForm) {
         t.fake.advance(61000);
         EXPECT_EQ(aboutStats(t, "frmLettermine"), stats("Lettermine!", 1, 1));
         leave(t, "frmLettermine", "cmdExit");
+        // Loaded at 9:01:59, one second on is another minute.
+        t.fake.advance(58000);
+        t.openGame("frmLettermine");
+        EXPECT_EQ(aboutStats(t, "frmLettermine"), stats("Lettermine!", 2, 0));
+        t.fake.advance(1000);
+        EXPECT_EQ(aboutStats(t, "frmLettermine"), stats("Lettermine!", 2, 1));
+        leave(t, "frmLettermine", "cmdExit");
         // Another game counts on its own, and its session starts again at 0.
         t.openGame("frmColclear");
         EXPECT_EQ(aboutStats(t, "frmColclear"), stats("Colclear!", 1, 0));
         leave(t, "frmColclear", "cmdQuit");
         t.openGame("frmLettermine");
-        EXPECT_EQ(aboutStats(t, "frmLettermine"), stats("Lettermine!", 2, 0));
+        EXPECT_EQ(aboutStats(t, "frmLettermine"), stats("Lettermine!", 3, 0));
     }
     // The counts live across runs of the program.
     TestProgram again(1, data);
     again.openGame("frmLettermine");
-    EXPECT_EQ(aboutStats(again, "frmLettermine"), stats("Lettermine!", 3, 0));
-    EXPECT_EQ(again.file("Played.ini"), "[Colclear!]\r\n1\r\n\r\n[Lettermine!]\r\n3\r\n\r\n");
+    EXPECT_EQ(aboutStats(again, "frmLettermine"), stats("Lettermine!", 4, 0));
+    EXPECT_EQ(again.file("Played.ini"), "[Colclear!]\r\n1\r\n\r\n[Lettermine!]\r\n4\r\n\r\n");
     EXPECT_TRUE(again.fake.takeErrors().empty());
 }
 

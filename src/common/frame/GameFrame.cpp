@@ -203,6 +203,9 @@ void GameFrame::wireHandlers() {
     };
     auto dialog = [this](std::function<void()> SharedDialogs::*which) {
         return [this, which] {
+            // Never over a round half paid: the click is held with the rest until it's done.
+            if (endingRound())
+                return;
             if (const auto& open = prog_.dialogs.*which)
                 RunPausingDialog(open);
         };

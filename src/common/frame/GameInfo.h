@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "common/RulesText.h"
 #include "common/frame/SettingBindings.h"
 
 namespace corvanna {
@@ -66,8 +67,8 @@ struct GameInfo {
     std::function<GameFrame&(Program& prog, const GameInfo& game)> makeForm;
     // Registers the game's own variables for the driver's `get`, once, with the table.
     std::function<void()> addVariables;
-    // The rules dialog's text from the program's values; empty: none yet.
-    std::function<std::string(const Program& prog)> rulesText;
+    // The rules dialog's text: fixed wording and the game's values in force.
+    RulesText rules;
     // Its player for the soak; empty when the game has none or the bots aren't linked in.
     GameBotFactory bot;
     // A saved game of this extension (".tfl") given on the command line opens in this game.

@@ -2,6 +2,7 @@
 // own yet and runs on the plain frame.
 
 #include "games/GameRegistry.h"
+#include "games/colclear/ColclearValues.h"
 
 namespace corvanna {
 
@@ -47,6 +48,51 @@ GameInfo colclearRow() {
                     stateSetting(),
                     widthSetting(),
                     heightSetting()};
+    // Its own values take their defaults at load; they join the file with its rules.
+    row.settings.push_back(
+        setting("", &ColclearValues::TripScore, ColclearValues::kDefaultTripScore).notInFile());
+    row.settings.push_back(
+        setting("", &ColclearValues::RunScore, ColclearValues::kDefaultRunScore).notInFile());
+    row.settings.push_back(
+        setting("", &ColclearValues::FlushScore, ColclearValues::kDefaultFlushScore).notInFile());
+    row.settings.push_back(
+        setting("", &ColclearValues::DeckBonus, ColclearValues::kDefaultDeckBonus).notInFile());
+    row.settings.push_back(
+        setting("", &ColclearValues::LeftOverPenalty, ColclearValues::kDefaultLeftOverPenalty)
+            .notInFile());
+    row.rules.headingBlanks = 31;
+    using V = ColclearValues;
+    row.rules.paragraphs = {
+        openingParagraph("two", score(&AppState::BonusRoundScore)),
+        para({"The ", title(),
+              " game board is separated into three sections: the storage area, the playing "
+              "field, and the deck. The playing field consists of four columns, each of which may "
+              "hold up to three cards. You earn points by creating '3 card runs' (a Run) and '3 of "
+              "a kinds' (a Trip) in each column. To accomplish this you may move cards from the "
+              "deck to the playing field or place them into the temporary storage area at the top "
+              "of the board. The temporary storage area may hold up to three cards at one time "
+              "and is used to store cards that are not needed at the time. You may also move the "
+              "top card of a column in the playing field from one column to another."}),
+        para({"Each time a column is populated with a Trip or Run the column will be cleared "
+              "automatically. For each Trip you create, you will be awarded ",
+              plain(&V::TripScore), " points while each  Run awards ", plain(&V::RunScore),
+              " points. If the Run you create also happens to be a flush, you are awarded an "
+              "additional ",
+              plain(&V::FlushScore),
+              " points. All these points are awarded during game play, not at the end of the "
+              "round."}),
+        para({"If you manage to clear the deck you are awarded a bonus of ", plain(&V::DeckBonus),
+              " points at the end of the round. If you clear the deck, but still have cards "
+              "remaining in the storage area or the playing field, -",
+              plain(&V::LeftOverPenalty),
+              " will be deducted from your score for each remaining card."}),
+        para({"If during game play you feel that you have no more moves remaining, click on the "
+              "'Take Score' button to end the round. You will be awarded ",
+              plain(&AppState::TimeBonus),
+              " points for each unused second remaining in the round."}),
+        para({"This game moves very quickly. While it is important to clear the deck, don't "
+              "overlook the value of the straight flush. It can really pay off! "}),
+    };
     return row;
 }
 

@@ -2,6 +2,7 @@
 // own yet and runs on the plain frame.
 
 #include "games/GameRegistry.h"
+#include "games/duomatch/DuomatchValues.h"
 
 namespace corvanna {
 
@@ -39,6 +40,32 @@ GameInfo duomatchRow() {
                     widthSetting(),
                     heightSetting(),
                     deckSetting(row.defaultDeckBack)};
+    // Its own values take their defaults at load; they join the file with its rules.
+    row.settings.push_back(
+        setting("", &DuomatchValues::PairsBonus, DuomatchValues::kDefaultPairsBonus).notInFile());
+    row.settings.push_back(
+        setting("", &DuomatchValues::RunsBonus, DuomatchValues::kDefaultRunsBonus).notInFile());
+    row.settings.push_back(
+        setting("", &DuomatchValues::CompletionBonus, DuomatchValues::kDefaultCompletionBonus)
+            .notInFile());
+    row.rules.headingBlanks = 33;
+    using V = DuomatchValues;
+    row.rules.paragraphs = {
+        openingParagraph("two", score(&AppState::BonusRoundScore)),
+        para({"You earn points in a number ways:"}),
+        para({"1. Clicking on pairs of exposed cards to create pairs and runs. For example, 2-2, "
+              "5-6, and 10-9. A run may span from a King to an Ace and vice versa. For example "
+              "King-Ace and Ace-King are both valid runs. You are awarded ",
+              score(&V::PairsBonus), " points for each pair you create and ", score(&V::RunsBonus),
+              " points for each run you create. These points are awarded at the end of each "
+              "round. Obviously it is to your advantage to collect pairs rather than runs."}),
+        para({"2. Clearing the upper cards. If you manage to clear all of the cards from the "
+              "upper playing field you are awarded and additional ",
+              score(&V::CompletionBonus), " points at the end of the round."}),
+        para({"3. Time Bonus. If you have no playable cards remaining, clicking the 'Take Score' "
+              "button will end the current round and award you ",
+              score(&AppState::TimeBonus), " points for each second remaining on the clock. "}),
+    };
     return row;
 }
 

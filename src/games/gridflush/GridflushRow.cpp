@@ -2,6 +2,7 @@
 // own yet and runs on the plain frame.
 
 #include "games/GameRegistry.h"
+#include "games/gridflush/GridflushValues.h"
 
 namespace corvanna {
 
@@ -46,6 +47,63 @@ GameInfo gridflushRow() {
                     stateSetting(),
                     widthSetting(),
                     heightSetting()};
+    // Its own values take their defaults at load; they join the file with its rules.
+    row.settings.push_back(
+        setting("", &GridflushValues::PairScore, GridflushValues::kDefaultPairScore).notInFile());
+    row.settings.push_back(
+        setting("", &GridflushValues::TwoPairScore, GridflushValues::kDefaultTwoPairScore)
+            .notInFile());
+    row.settings.push_back(
+        setting("", &GridflushValues::TripsScore, GridflushValues::kDefaultTripsScore).notInFile());
+    row.settings.push_back(
+        setting("", &GridflushValues::StraightScore, GridflushValues::kDefaultStraightScore)
+            .notInFile());
+    row.settings.push_back(
+        setting("", &GridflushValues::FlushScore, GridflushValues::kDefaultFlushScore).notInFile());
+    row.settings.push_back(
+        setting("", &GridflushValues::FullHouseScore, GridflushValues::kDefaultFullHouseScore)
+            .notInFile());
+    row.settings.push_back(
+        setting("", &GridflushValues::FourScore, GridflushValues::kDefaultFourScore).notInFile());
+    row.settings.push_back(setting("", &GridflushValues::StraightFlushScore,
+                                   GridflushValues::kDefaultStraightFlushScore)
+                               .notInFile());
+    row.settings.push_back(
+        setting("", &GridflushValues::RoyalFlushScore, GridflushValues::kDefaultRoyalFlushScore)
+            .notInFile());
+    row.settings.push_back(
+        setting("", &GridflushValues::OverWritesAllowed, GridflushValues::kDefaultOverWritesAllowed)
+            .notInFile());
+    row.rules.headingBlanks = 31;
+    using V = GridflushValues;
+    row.rules.paragraphs = {
+        openingParagraph("three", score(&AppState::BonusRoundScore)),
+        para({"To earn points in this game you must create 10 poker hands by placing cards from "
+              "the deck into the provided columns and rows. Once completed, each row and each "
+              "column form a complete 5 card poker hand."}),
+        para({"Once a card has been played it may not be moved, however, you are allowed to "
+              "overwrite ",
+              plain(&V::OverWritesAllowed),
+              " cards per round. You may not pass cards from the deck, each card off of the deck "
+              "must be played before another card is exposed."}),
+        lines({{"The hands are awarded points based on the following table:"},
+               {"   One Pair = ", plain(&V::PairScore)},
+               {"   Two Pair = ", plain(&V::TwoPairScore)},
+               {"   Three of a kind = ", plain(&V::TripsScore)},
+               {"   Straight = ", plain(&V::StraightScore)},
+               {"   Flush = ", plain(&V::FlushScore)},
+               {"   Full House = ", plain(&V::FullHouseScore)},
+               {"   Four of a kind = ", plain(&V::FourScore)},
+               {"   Straight Flush = ", plain(&V::StraightFlushScore)},
+               {"   Royal Flush = ", plain(&V::RoyalFlushScore)}}),
+        para({"At the end of each round, the total value of all 10 hands is multiplied by the "
+              "number of seconds remaing in the round. It is therefore essential to complete each "
+              "round as quickly as possible! If time expires before all hands have been completed "
+              "you forfeit the round (0 points)."}),
+        para({"While each round is played, the current number of points earned is displayed at "
+              "the bottom right of the game board. Remember...because your score is so dependent "
+              "on the amount of time remaining, you must be quick!"}),
+    };
     return row;
 }
 

@@ -2,6 +2,7 @@
 // own yet and runs on the plain frame.
 
 #include "games/GameRegistry.h"
+#include "games/hitspree/HitspreeValues.h"
 
 namespace corvanna {
 
@@ -55,6 +56,46 @@ GameInfo hitspreeRow() {
                     widthSetting(),
                     heightSetting(),
                     timeBonusSetting(row.defaultTimeBonus).notInFile()};
+    // Its own values take their defaults at load; they join the file with its rules.
+    row.settings.push_back(setting("", &HitspreeValues::TwentyOneBonusValue,
+                                   HitspreeValues::kDefaultTwentyOneBonusValue)
+                               .notInFile());
+    row.settings.push_back(setting("", &HitspreeValues::CardsUsedBonusValue,
+                                   HitspreeValues::kDefaultCardsUsedBonusValue)
+                               .notInFile());
+    row.settings.push_back(
+        setting("", &HitspreeValues::FiveCardGimmeBonus, HitspreeValues::kDefaultFiveCardGimmeBonus)
+            .notInFile());
+    row.settings.push_back(setting("", &HitspreeValues::DeckCompletionBonus,
+                                   HitspreeValues::kDefaultDeckCompletionBonus)
+                               .notInFile());
+    row.rules.headingBlanks = 33;
+    using V = HitspreeValues;
+    row.rules.paragraphs = {
+        openingParagraph("three", score(&AppState::BonusRoundScore)),
+        para({"You earn points by creating cards combinations that total 21. Each card is worth "
+              "it's face value (face cards are 10 points each, Aces are worth 1 or 11 points). If "
+              "any column exceeds 21 points (ie: busted), your score is reduced by 100 points. At "
+              "the end of each round, the total number of 21 combinations that you created is "
+              "multiplied by the 21 Bonus Value. The 21 Bonus Value increases by ",
+              score(&V::TwentyOneBonusValue),
+              " each time a 21 combination is created. The 21 Bonus Value is reset to ",
+              score(&V::TwentyOneBonusValue),
+              " if the '21 Counter' (a timer) expires. The '21 Counter' is reset each time a 21 "
+              "combination is created. The '21 Counter' is set for approxiametly 10 seconds. Once "
+              "you create your first 21 combination, you must create another one before the '21 "
+              "Counter' expires or your 21 Bonus Value is reset to ",
+              score(&V::TwentyOneBonusValue), "."}),
+        para({"You also earn points by creating columns of 5 cards that do not exceed 21 (called a "
+              "'five card gimme'). Each time a column of this type is created you are awarded ",
+              score(&V::FiveCardGimmeBonus),
+              " points. Each time you create a 21 card combination or a 'five card gimme' the "
+              "column is automatically cleared. If you are able to use all the cards in the deck "
+              "you are awarded an additional ",
+              score(&V::DeckCompletionBonus),
+              " points. At the end of each round you are also awarded ",
+              score(&V::CardsUsedBonusValue), " points for each card you used during the round."}),
+    };
     return row;
 }
 

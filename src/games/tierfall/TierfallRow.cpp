@@ -67,6 +67,7 @@ GameInfo tierfallRow() {
     if (makeTierfallBot)
         row.bot = makeTierfallBot;
     row.settings = TierfallSettings(row);
+    row.rules = TierfallRules();
     return row;
 }
 

@@ -27,6 +27,8 @@ std::string PointsText(int points);
 // its default, the combination bonus by the mode in force; the card bonus counts too,
 // since the player can raise it as far as any other.
 SettingTable TierfallSettings(const GameInfo& row);
+// The rules dialog's two texts, standard and enhanced (TierfallRules.cpp).
+RulesText TierfallRules();
 
 // The table name constant; a table per card goal and scoring mode is named from it:
 // "ES " ahead of it in the enhanced mode, then the card goal and "_".
