@@ -2,17 +2,23 @@
 //   bench_app startup             prints when the selector's first paint is done, then quits
 //   bench_app memory FORM         the selector and a game form open: resident KiB
 //   bench_app idle FORM SECONDS   a game form sitting idle: CPU use in percent of one core
+//   bench_app rules FORM N        Help, Rules on the game form N times: ms from the click to
+//                                 the text painted in the dialog, median and slowest
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QPlainTextEdit>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 #include "BenchCommon.h"
 #include "common/Program.h"
+#include "common/frame/GameFrame.h"
 #include "forms/Input.h"
 #include "games/GameRegistry.h"
 #include "qt/QtPlatform.h"
@@ -62,8 +68,54 @@ int main(int argc, char** argv) {
                 QCoreApplication::exit(0);
             });
         });
+    } else if (mode == "rules" && argc > 3) {
+        if (!openGame(argv[2]))
+            return 2;
+        auto* game = dynamic_cast<GameFrame*>(prog.findForm(argv[2]));
+        const int times = std::max(1, std::atoi(argv[3]));
+        // The dialog's text painted: the time is taken once that paint is over, and the
+        // dialog closed.
+        struct TextPainted : QObject {
+            QElapsedTimer clock;
+            std::vector<double> ms;
+            Program* prog = nullptr;
+            bool waiting = false;
+            bool eventFilter(QObject* o, QEvent* e) override {
+                auto* w = qobject_cast<QWidget*>(o);
+                if (waiting && e->type() == QEvent::Paint && w &&
+                    qobject_cast<QPlainTextEdit*>(w->parentWidget())) {
+                    waiting = false;
+                    QTimer::singleShot(0, [this] {
+                        ms.push_back(clock.nsecsElapsed() / 1e6);
+                        if (Form* rules = prog->findForm("frmRules"))
+                            prog->unload(*rules);
+                    });
+                }
+                return false;
+            }
+        };
+        // Lives as long as the program: the openings run from the event loop below.
+        static TextPainted painted;
+        painted.prog = &prog;
+        app.installEventFilter(&painted);
+        QTimer::singleShot(500, [game, times] {
+            for (int i = 0; i < times; ++i) {
+                painted.waiting = true;
+                painted.clock.start();
+                userClick(game->mnuRules);  // returns once the dialog has gone
+            }
+            std::sort(painted.ms.begin(), painted.ms.end());
+            if (painted.ms.empty())
+                std::printf("rules: never painted\n");
+            else
+                std::printf("rules_ms median %.1f slowest %.1f over %zu openings\n",
+                            painted.ms[painted.ms.size() / 2], painted.ms.back(),
+                            painted.ms.size());
+            QCoreApplication::exit(0);
+        });
     } else {
-        std::fputs("usage: bench_app startup | memory FORM | idle FORM SECONDS\n", stderr);
+        std::fputs("usage: bench_app startup | memory FORM | idle FORM SECONDS | rules FORM N\n",
+                   stderr);
         return 2;
     }
     return app.exec();

@@ -11,6 +11,7 @@
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <QTextCursor>
+#include <QTextDocument>
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -478,22 +479,46 @@ protected:
     QWidget* create(QWidget* parent) override {
         auto* w = new QPlainTextEdit(parent);
         w->setTabChangesFocus(true);
+        // The text stands off the frame, as on a page.
+        w->document()->setDocumentMargin(8);
         QObject::connect(w, &QPlainTextEdit::textChanged, w, [this] { userEdited(); });
         QObject::connect(w, &QPlainTextEdit::selectionChanged, w, [this] { takeSelection(); });
         QObject::connect(w, &QPlainTextEdit::cursorPositionChanged, w, [this] { takeSelection(); });
         return w;
     }
-    QString widgetText() const override { return edit()->toPlainText(); }
-    void setWidgetText(const QString& t) override { edit()->setPlainText(t); }
+    // A model text may end its lines CR LF (the rules); the widget's lines end in LF, so
+    // the text and the positions in it are turned from one to the other.
+    bool crlf() const { return box().text().find("\r\n") != std::string::npos; }
+    QString widgetText() const override {
+        QString t = edit()->toPlainText();
+        return crlf() ? t.replace('\n', QStringLiteral("\r\n")) : t;
+    }
+    void setWidgetText(const QString& t) override {
+        edit()->setPlainText(QString(t).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    }
+    int toWidget(int units) const {
+        return crlf() ? units - static_cast<int>(
+                                    qs(box().text()).left(units).count(QStringLiteral("\r\n")))
+                      : units;
+    }
+    int toModel(int pos) const {
+        if (!crlf())
+            return pos;
+        const QString m = qs(box().text());
+        int units = 0;
+        for (int seen = 0; seen < pos && units < m.size(); ++seen)
+            units += m.mid(units, 2) == QStringLiteral("\r\n") ? 2 : 1;
+        return units;
+    }
     void widgetSelection(int& start, int& length) const override {
         const QTextCursor c = edit()->textCursor();
-        start = c.selectionStart();
-        length = c.selectionEnd() - c.selectionStart();
+        start = toModel(c.selectionStart());
+        length = toModel(c.selectionEnd()) - start;
     }
     void setWidgetSelection(int start, int length) override {
         QTextCursor c = edit()->textCursor();
-        c.setPosition(start);
-        c.setPosition(start + length, QTextCursor::KeepAnchor);
+        c.setPosition(toWidget(start));
+        c.setPosition(toWidget(start + length), QTextCursor::KeepAnchor);
         edit()->setTextCursor(c);
     }
 };

@@ -1,5 +1,6 @@
 #include "qt/PeerWidgets.h"
 
+#include <QAbstractScrollArea>
 #include <QFocusEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -325,17 +326,28 @@ void FocusRing::place() {
         hide();
         return;
     }
-    setGeometry(target_->geometry());
+    // Round a scrolling text, not over it: its first column and its scroll bar stay clear.
+    if (qobject_cast<QAbstractScrollArea*>(target_)) {
+        const int band = static_cast<int>(std::ceil(1.5 * bandFor(QSize(36, 36))));
+        setGeometry(target_->geometry().adjusted(-band, -band, band, band));
+    } else {
+        setGeometry(target_->geometry());
+    }
     raise();
     show();
     update();
 }
 
+// As thick as the control is large: a maximised window draws its buttons larger.
+qreal FocusRing::bandFor(QSize target) {
+    return std::clamp(std::min(target.width(), target.height()) / 12.0, 2.0, 6.0);
+}
+
 void FocusRing::paintEvent(QPaintEvent*) {
     // Blue on a white edge: the white parts it from the felt and the dark dialogs, the
     // blue from a light form.
-    // As thick as the control is large: a maximised window draws its buttons larger.
-    const qreal blue = std::clamp(std::min(width(), height()) / 12.0, 2.0, 6.0);
+    const qreal blue =
+        bandFor(target_ && qobject_cast<QAbstractScrollArea*>(target_) ? target_->size() : size());
     const qreal white = std::max(1.0, blue / 2);
     QPainter p(this);
     const QRectF r = QRectF(rect());

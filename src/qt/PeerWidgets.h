@@ -210,6 +210,8 @@ public:
     void place();
     // Kept out of sight while the arrow-key cursor shows where the keys go.
     void setSuppressed(bool on);
+    // The blue band's width round a control of this size.
+    static qreal bandFor(QSize target);
 
 protected:
     void paintEvent(QPaintEvent*) override;

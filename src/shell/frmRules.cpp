@@ -30,6 +30,9 @@ frmRules::frmRules(Program& prog)
 
 void frmRules::Form_Load() {
     const auto& g = prog_.state;
+    // A page as tall as the screen allows, so OK is always in sight.
+    setSize(kWidth, kHeight);
+    ShrinkToScreen(*this, prog_.platform);
     CentreOnScreen(*this, prog_.platform);
     setCaption(g.AppTitle + " Rules, Notes and Strategy");
     const int W = scaleWidth(), H = scaleHeight();

@@ -22,6 +22,7 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTemporaryDir>
+#include <QTextCursor>
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
@@ -398,6 +399,21 @@ TEST_F(QtRender, TextListAndComboFeedTheModel) {
     EXPECT_EQ(notes.text(), "first\nsecond");
     notes.setText("set by the program");
     EXPECT_EQ(lines->toPlainText(), "set by the program");
+    // A text with CR LF line ends (the rules) shows its lines, and the places in it go
+    // both ways: byte 7 of the model is the "b" after the second line break.
+    notes.setText("a\r\nxy\r\nb");
+    EXPECT_EQ(lines->toPlainText(), "a\nxy\nb");
+    notes.select(7, 1);
+    EXPECT_EQ(lines->textCursor().selectedText(), "b");
+    QTextCursor caret = lines->textCursor();
+    caret.setPosition(2);  // before the "x", as a click there puts it
+    lines->setTextCursor(caret);
+    EXPECT_EQ(std::pair(notes.selStart, notes.selLength), std::pair(3, 0));
+    EXPECT_EQ(notes.text(), "a\r\nxy\r\nb");
+    // Its focus ring stands round it, clear of the text and the scroll bar.
+    notes.setFocus();
+    EXPECT_TRUE(window().focusRing()->geometry().contains(lines->geometry()));
+    EXPECT_NE(window().focusRing()->geometry(), lines->geometry());
 
     auto* box = widget<QComboBox>(combo);
     ASSERT_NE(box, nullptr);
