@@ -161,7 +161,7 @@ void PayInSteps(GameFrame& f, const Payment& p) {
                 f.PlayWaveFile(p.stepSound);
             f.program().platform.sleep(p.stepMs);
         }
-        message.setCaption("");
+        message.setCaption(p.endText);
         message.refresh();
         f.program().platform.sleep(p.settleMs);
     } else {

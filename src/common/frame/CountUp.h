@@ -33,6 +33,7 @@ struct Payment {
     int soundEvery = 1;
     int settleMs;
     int afterMs;
+    std::string endText;  // what lblMessage reads once the steps are done
     Payment();
 };
 void PayInSteps(GameFrame& form, const Payment& payment);

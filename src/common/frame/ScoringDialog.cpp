@@ -41,7 +41,7 @@ TextBox& ScoringDialog::AddField(const std::string& labelName, const std::string
     TextBox& box = add<TextBox>(boxName, -1, &frmScoringOptions);
     box.move(boxLeft, top, kBoxWidth, kBoxHeight);
     box.setMaxLength(12);
-    fields_.push_back(Field{&label, &box, nullptr, scale, {}, {}});
+    fields_.push_back(Field{&label, &box, nullptr, scale, {}, {}, {}});
     BindField(box, key);
     order_.push_back(&box);
     return box;
@@ -57,6 +57,10 @@ void ScoringDialog::SetChecks(TextBox& box, ScoringField rule) {
 
 void ScoringDialog::AfterStored(TextBox& box, std::function<void()> then) {
     field(box).afterStored = std::move(then);
+}
+
+void ScoringDialog::PutBackInto(TextBox& box, std::function<void(double)> store) {
+    field(box).putBack = std::move(store);
 }
 
 void ScoringDialog::SetCheckOrder(std::vector<TextBox*> order) {
@@ -158,6 +162,10 @@ ScoringDialog::Field& ScoringDialog::field(const TextBox& box) {
 }
 
 void ScoringDialog::store(Field& f, double typed, bool good) {
+    if (!good && f.putBack) {
+        f.putBack(typed * f.scale);
+        return;
+    }
     storeSetting(*f.binding, prog_, typed * f.scale);
     if (good && f.afterStored)
         f.afterStored();

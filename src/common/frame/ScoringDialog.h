@@ -72,6 +72,9 @@ protected:
     // Runs once the field's value has been found good and stored (a refused field's
     // put-back value doesn't run it).
     void AfterStored(TextBox& box, std::function<void()> then);
+    // Where a refused field's put-back value goes instead of its own variable (EveryField):
+    // a game that holds only part of the setting at the limit.
+    void PutBackInto(TextBox& box, std::function<void(double value)> store);
     // The order OK takes the fields in, when it isn't the order on the form.
     void SetCheckOrder(std::vector<TextBox*> order);
     // Another key of the table for the field: a mode's own value.
@@ -102,6 +105,7 @@ private:
         double scale;
         ScoringField rule;
         std::function<void()> afterStored;
+        std::function<void(double)> putBack;
     };
     Field& field(const TextBox& box);
     // The typed number into the field's variable, then what follows a good field.

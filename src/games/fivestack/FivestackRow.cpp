@@ -1,12 +1,34 @@
-// Fivestack's row: what its frame, files and tables differ in. It has no rules of its
-// own yet and runs on the plain frame.
+// Fivestack's row: what its frame, files and tables differ in, its form, its settings
+// and its rules text.
 
 #include <cmath>
 
+#include "common/Format.h"
 #include "games/GameRegistry.h"
 #include "games/fivestack/FivestackValues.h"
+#include "games/fivestack/frmFivestack.h"
 
 namespace corvanna {
+
+namespace {
+
+// [Deck] in this game's own numbering: 1 Hot Cards, 2 Magic Hands, 3 Night Castle, and 4 or
+// anything else Palm Tree. A first file keeps the design on show at load.
+SettingBinding fivestackDeckSetting() {
+    SettingBinding b = formSetting("Deck", SettingType::Text);
+    b.variable = [](Program& prog) -> SettingBinding::Variable {
+        return &fivestackValues(prog).DeckText;
+    };
+    b.then([](GameFrame& f, double) {
+        std::int64_t n = 0;
+        const bool number = parseInteger(fivestackValues(f.program()).DeckText, n);
+        f.SelectDeckBack(number && n >= 1 && n <= 3 ? static_cast<int>(n) : 4);
+    });
+    b.writes = [](GameFrame& f) { return std::to_string(f.program().state.DeckBack); };
+    return b;
+}
+
+}  // namespace
 
 GameInfo fivestackRow() {
     GameInfo row = gameRow("fivestack", "Fivestack");
@@ -37,30 +59,41 @@ GameInfo fivestackRow() {
     row.hintLine = "Click on Hit buttons to create columns of 21!   ";
     row.submitMinimum = 600000;
     row.submitSeconds = 60;
-    // The game's own keys join the table with its rules. It keeps no Time Bonus.
-    row.settings = {timeSetting("Time", row.defaultSeconds),
-                    soundsSetting(),
-                    musicSetting(),
-                    deckSetting(row.defaultDeckBack),
-                    bonusScoreSetting("BonusScore", row.defaultBonusRoundScore),
-                    countDownSetting("CountDownScore"),
-                    stateSetting(),
-                    widthSetting(),
-                    heightSetting(),
-                    timeBonusSetting(row.defaultTimeBonus).notInFile()};
-    // Its own values take their defaults at load; they join the file with its rules.
-    row.settings.push_back(
-        setting("", &FivestackValues::TimeBonusMax, FivestackValues::kDefaultTimeBonusMax)
-            .notInFile());
-    row.settings.push_back(
-        setting("", &FivestackValues::TimeBonusMin, FivestackValues::kDefaultTimeBonusMin)
-            .notInFile());
-    row.settings.push_back(setting("", &FivestackValues::CardsToPassSetting,
-                                   FivestackValues::kDefaultCardsToPassSetting)
-                               .notInFile());
-    row.settings.push_back(
-        setting("", &FivestackValues::CardsToPass, FivestackValues::kDefaultCardsToPass)
-            .notInFile());
+    row.flashMs = 150;
+    row.quitPausesFirst = true;
+    row.gameOverStays = false;
+    row.gameOverStatus = "Click on Play to start a new game.  ";
+    row.countUp.countingScore = row.countUp.restingScore = colors::Blue;
+    row.makeForm = [](Program& prog, const GameInfo& game) -> GameFrame& {
+        return prog.load<frmFivestack>(game);
+    };
+    using V = FivestackValues;
+    row.settings = {
+        timeSetting("Time", row.defaultSeconds),
+        soundsSetting(),
+        musicSetting(),
+        fivestackDeckSetting(),
+        setting("TimeBonusMax", &V::TimeBonusMax, V::kDefaultTimeBonusMax).custom(),
+        setting("TimeBonusMin", &V::TimeBonusMin, V::kDefaultTimeBonusMin).custom(),
+        bonusScoreSetting("BonusScore", row.defaultBonusRoundScore),
+        // A wait below nothing is no wait the game can make.
+        setting("WaitPeriod", &V::WaitPeriod, V::kDefaultWaitPeriod).limits(0, INT16_MAX),
+        countDownSetting("CountDownScore"),
+        // The file keeps what a round starts with; the round's own passes start from it.
+        setting("Cards To Pass", &V::CardsToPassSetting, V::kDefaultCardsToPass)
+            .limits(0, INT16_MAX)
+            .then([](GameFrame& f, double) {
+                auto& v = fivestackValues(f.program());
+                v.CardsToPass = v.CardsToPassSetting;
+            }),
+        stateSetting(),
+        widthSetting(),
+        heightSetting(),
+        // Not in the file: the round's passes, which decide the custom mark, and the
+        // Time Bonus, which the clock works out.
+        setting("", &V::CardsToPass, V::kDefaultCardsToPass).custom(),
+        timeBonusSetting(row.defaultTimeBonus).notInFile(),
+    };
     row.rules.headingBlanks = 33;
     using V = FivestackValues;
     row.rules.paragraphs = {
@@ -82,8 +115,8 @@ GameInfo fivestackRow() {
               "total."}),
         para({"The Time Bonus begins at ", plain(&V::TimeBonusMax), ". It decreases by ",
               shown([](const Program& prog) {
-                  const float step = fivestackValues(prog).TimeBonusStep(prog.state.RoundSeconds);
-                  // Its integer part; a step past 64 bits can't come from 16-bit limits.
+                  // Its integer part; 16-bit limits keep it well within 64 bits.
+                  const float step = fivestackValues(prog).TimeBonusStep;
                   return std::to_string(static_cast<long long>(std::trunc(step)));
               }),
               " for each second used in the round. If time expires the Time Bonus is worth ",
