@@ -13,7 +13,6 @@ namespace corvanna {
 namespace {
 
 constexpr Color kGreen = 0x00C000;
-constexpr Color kFelt = 0x1E4D2B;
 
 Control& image(Form& f, const std::string& name, int index = -1) {
     Control& c = f.add<Control>(ControlKind::Image, name, index, nullptr);
@@ -62,7 +61,7 @@ frmFivestack::frmFivestack(Program& prog, const GameInfo& info)
       lblCurrentRoundScore(
           label(*this, "lblCurrentRoundScore", "Card Total:", 10, true, colors::White)),
       lblCurrentTotal(label(*this, "lblCurrentTotal", "0", 20, true, colors::Red)),
-      lblTimeBonus(label(*this, "lblTimeBonus", "", 11, true, colors::Yellow)),
+      lblTimeBonus(label(*this, "lblTimeBonus", "", 11, true, colors::White)),
       cmdGiveUp(button(*this, "cmdGiveUp", "&Give Up")),
       cmdPass(button(*this, "cmdPass", "&Pass")),
       frmScore(add<Control>(ControlKind::Frame, "frmScore", -1, nullptr)),
@@ -80,8 +79,9 @@ frmFivestack::frmFivestack(Program& prog, const GameInfo& info)
         ColumnSoft[c] = &label(*this, "ColumnSoft", "", 9, true, colors::Yellow, c);
     }
     frmScore.setCaption("Card Total Value");
-    frmScore.setForeColor(colors::White);
-    frmScore.setBackColor(kFelt);
+    // A light card for the table, so its black rows and the red marked one read at a glance.
+    frmScore.setForeColor(colors::Black);
+    frmScore.setBackColor(0xE8F4EC);
     for (int i = 0; i < 10; ++i) {
         TotalLabel[i] = &label(*this, kTable[i].totalName, kTable[i].total, 9, false, colors::Black,
                                -1, &frmScore);
@@ -538,7 +538,11 @@ void frmFivestack::LayoutBoard(int left, int top, int width, int height) {
         in.place(*TotalLabel[i], 60, y, tableW / 2 - 60, 300);
         in.place(*ValueLabel[i], tableW / 2, y, tableW / 2 - 60, 300);
     }
-    d.place(lblTimeBonus, tableLeft, 3800, tableW, 400);
+    // The bonus beside its caption in the clock box, where the frame put "Time Bonus:".
+    const int captionW = lblTime.width() * 64 / 100;
+    lblTimeBonus.move(lblTime.left() + captionW, lblTime.top(), lblTime.width() - captionW,
+                      lblTime.height());
+    lblTime.move(lblTime.left(), lblTime.top(), captionW, lblTime.height());
     // The messages, centred over the columns.
     const int msgTop = 1500;
     d.place(ScoringLabelOutline, 300, msgTop, 3600, 1700);
