@@ -43,6 +43,25 @@ std::vector<Kind> allKinds() {
         kinds.push_back(k);
     }
     {
+        // Fivestack's own file: each leave writes another time limit and back design.
+        Session first{"click frmSelect.cmdFivestack", "answer Yes", "click frmFivestack.cmdQuit",
+                      "close frmSelect"};
+        Kind k{"fivestack", "Fivestack.Ini", {first}, {}, {"click frmSelect.cmdFivestack", "log"},
+               ""};
+        const char* times[] = {"mnu15", "mnu30", "mnu45", "mnu75", "mnu60"};
+        const char* decks[] = {"mnuPalm", "mnuMagic", "mnuNight", "mnuHot"};
+        Session s;
+        for (int i = 0; i < 10; ++i) {
+            s.push_back("click frmSelect.cmdFivestack");
+            s.push_back(std::string("click frmFivestack.") + times[i % 5]);
+            s.push_back(std::string("click frmFivestack.") + decks[i % 4]);
+            s.push_back("answer Yes");
+            s.push_back("click frmFivestack.cmdQuit");
+        }
+        k.script.push_back(s);
+        kinds.push_back(k);
+    }
+    {
         // The selector writes it as the program closes, with what the submission dialog
         // took: one write per start of the program.
         Kind k{"user", "User.ini", {firstStart()}, {}, {"log"}, ""};

@@ -3,7 +3,8 @@
 // wrote (or the one before), the next start reads it without a message, and nothing the
 // cut write left behind survives that start.
 //
-//   kill_writes --drive PATH [--kills N] [--kind settings|user|played|table|saved] [--seed S]
+//   kill_writes --drive PATH [--kills N] [--kind settings|fivestack|user|played|table|saved]
+//   [--seed S]
 //
 // CTest runs it as CrashSafeWrites.KilledDuringEachKindOfWrite, 50 kills a kind. For the
 // long run, 1,000 kills of each kind (five to fifteen minutes, as busy as the disk is):
@@ -620,7 +621,7 @@ int usage(const char* why) {
     std::fprintf(stderr,
                  "kill_writes: %s\n"
                  "usage: kill_writes --drive PATH [--kills N] "
-                 "[--kind settings|user|played|table|saved]... [--seed S]\n",
+                 "[--kind settings|fivestack|user|played|table|saved]... [--seed S]\n",
                  why);
     return 2;
 }

@@ -5,6 +5,7 @@
 
 #include <map>
 
+#include "common/FileStore.h"
 #include "forms/Input.h"
 #include "games/fivestack/frmFivestack.h"
 #include "games/fivestack/frmFivestackCustomScoring.h"
@@ -352,6 +353,39 @@ TEST(FivestackOptions, TheDialogChecksEveryFieldInOrderAndStoresAsItGoes) {
     t.leaveGame("frmFivestack");
     EXPECT_EQ(t.file("Fivestack.Ini"), written);
     EXPECT_TRUE(t.fake.takeErrors().empty());
+}
+
+// A hand-edited file: a value past 16 bits, a negative wait or pass count keep their
+// defaults and the file is kept aside; a minimum above the maximum stands as it is read,
+// and the round it makes (a Time Bonus rising below nothing) still ends.
+TEST(FivestackOptions, AHandEditedFileKeepsWhatItCanAndNothingHangs) {
+    TestProgram t;
+    const std::string path = t.prog.filePath("Fivestack.Ini");
+    const std::string edited =
+        "[TimeBonusMax]\r\n99999\r\n\r\n[TimeBonusMin]\r\n500\r\n\r\n[WaitPeriod]\r\n-5\r\n"
+        "\r\n[Cards To Pass]\r\n-1\r\n\r\n[Deck]\r\nnine\r\n\r\n";
+    ASSERT_TRUE(writeFileAtomic(path, edited));
+    auto& f = static_cast<frmFivestack&>(t.openGame("frmFivestack"));
+    const auto& v = fivestackValues(t.prog);
+    EXPECT_EQ(v.TimeBonusMax, 300);
+    EXPECT_EQ(v.TimeBonusMin, 500);
+    EXPECT_EQ(v.WaitPeriod, 2000);
+    EXPECT_EQ(v.CardsToPassSetting, 1);
+    EXPECT_EQ(t.prog.state.DeckBack, 4);  // anything but 1 to 3 is the Palm Tree
+    EXPECT_TRUE(t.prog.state.CustomScoring);
+    // (300 - 500) / 60: the bonus climbs from 300 to 500 over the round.
+    EXPECT_FLOAT_EQ(v.TimeBonusStep, -200.0f / 60);
+    t.click("frmFivestack", "cmdPlay");
+    t.fake.advance(30000);
+    EXPECT_EQ(f.lblTimeBonus.caption(), "400");
+    t.fake.advance(31000);
+    EXPECT_EQ(t.prog.state.RoundNumber, 2);
+    t.fake.queueAnswer(MsgResult::Yes);
+    t.click("frmFivestack", "cmdPlay");
+    t.leaveGame("frmFivestack");
+    EXPECT_EQ(t.file("Fivestack.Ini.bad"), edited);
+    EXPECT_NE(t.file("Fivestack.Ini").find("[TimeBonusMin]\r\n500\r\n"), std::string::npos);
+    EXPECT_NE(t.file("Fivestack.Ini").find("[Deck]\r\n4\r\n"), std::string::npos);
 }
 
 }  // namespace corvanna

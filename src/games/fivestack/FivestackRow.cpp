@@ -4,13 +4,51 @@
 #include <cmath>
 
 #include "common/Format.h"
+#include "common/Variables.h"
+#include "common/frame/SettingBindings.h"
+#include "games/GameBot.h"
 #include "games/GameRegistry.h"
 #include "games/fivestack/FivestackValues.h"
 #include "games/fivestack/frmFivestack.h"
 
 namespace corvanna {
 
+// The bot plays on the virtual platform, linked only into the tests and the soak
+// (FivestackBot.cpp); the program itself goes without, so the row asks for it weakly.
+__attribute__((weak)) std::unique_ptr<GameBot> makeFivestackBot(Program& prog, FakePlatform& fake,
+                                                                GameFrame& form,
+                                                                std::uint64_t seed);
+
 namespace {
+
+using P = const Program&;
+
+const FivestackBoard& boardOf(P p) {
+    static const FivestackBoard none;  // no form: an empty board
+    const auto* form = dynamic_cast<const frmFivestack*>(p.findForm("frmFivestack"));
+    return form ? form->board : none;
+}
+
+// The driver's `get` of Fivestack's own values, and of its board while the form is loaded.
+// CardTotal stays Tierfall's name.
+void addFivestackVariables() {
+    addVariable("TimeBonusMax", [](P p) { return numberText(fivestackValues(p).TimeBonusMax); });
+    addVariable("TimeBonusMin", [](P p) { return numberText(fivestackValues(p).TimeBonusMin); });
+    addVariable("TimeBonusStep",
+                [](P p) { return plainDecimal(fivestackValues(p).TimeBonusStep); });
+    addVariable("CardsToPass", [](P p) { return numberText(fivestackValues(p).CardsToPass); });
+    addVariable("CardsToPassSetting",
+                [](P p) { return numberText(fivestackValues(p).CardsToPassSetting); });
+    addVariable("WaitPeriod", [](P p) { return numberText(fivestackValues(p).WaitPeriod); });
+    addVariable("NextCardIndex", [](P p) { return numberText(boardOf(p).NextCardIndex); });
+    addVariable("CardTotalValue", [](P p) { return numberText(boardOf(p).CardTotalValue); });
+    addIndexedVariable("ColumnCardCount", [](P p, int i, std::string& out) {
+        if (i < 0 || i >= FivestackBoard::kColumns)
+            return false;
+        out = numberText(boardOf(p).ColumnCardCount[static_cast<std::size_t>(i)]);
+        return true;
+    });
+}
 
 // [Deck] in this game's own numbering: 1 Hot Cards, 2 Magic Hands, 3 Night Castle, and 4 or
 // anything else Palm Tree. A first file keeps the design on show at load.
@@ -67,6 +105,9 @@ GameInfo fivestackRow() {
     row.makeForm = [](Program& prog, const GameInfo& game) -> GameFrame& {
         return prog.load<frmFivestack>(game);
     };
+    if (makeFivestackBot)
+        row.bot = makeFivestackBot;
+    row.addVariables = addFivestackVariables;
     using V = FivestackValues;
     row.settings = {
         timeSetting("Time", row.defaultSeconds),
