@@ -73,7 +73,14 @@ TEST(Fivestack, ARoundAtOneHundredAfterThirtySecondsPaysFortyThousandInSteps) {
     EXPECT_EQ(x.f.lblTimeBonus.caption(), "200");
     EXPECT_EQ(x.f.lblTime.caption(), "Time Bonus:");
     const auto start = x.t.fake.elapsedMs();
+    // Clicks made during the waits are held and find the round already ended.
+    int delivered = 0;
+    for (Control* c : {x.f.cmdHit[0], &x.f.cmdPass, &x.f.cmdGiveUp})
+        x.t.fake.post([&, c] { delivered += c->Click ? (c->Click(), 1) : 0; });
     x.t.click("frmFivestack", "cmdGiveUp");
+    EXPECT_EQ(delivered, 3);
+    EXPECT_EQ(x.f.board.ColumnCardCount[0], 0);
+    EXPECT_EQ(x.f.board.CardsToPass, 1);
     EXPECT_EQ(x.f.ScoringLabelRoundTotal.caption(), "Round 1 Total: ");
     EXPECT_EQ(x.f.ScoringLabelInfo.caption(), "Card Total Value (200) X Time Bonus (200)");
     EXPECT_EQ(x.g.Score, 40000);
