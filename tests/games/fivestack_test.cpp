@@ -211,6 +211,25 @@ TEST(Fivestack, TimeOutTakesNinetySevenAtTheLowestBonusAndRefusesNinetySix) {
     }
 }
 
+TEST(Fivestack, NinetySevenGoingOnToNinetyEightMovesTheMarkedRowAndKeepsTakeScore) {
+    Stack x;
+    x.play({"10S", "11S", "12S", "13S", "10H", "11H", "12H", "13H", "10D", "7D", "1C"});
+    for (int c = 0; c < 5; ++c) {
+        x.hit(c);
+        x.hit(c);
+    }
+    EXPECT_EQ(x.f.board.CardTotal, 97);
+    EXPECT_EQ(x.f.board.CardTotalValue, 50);
+    EXPECT_EQ(x.f.TotalLabel[1]->foreColor(), colors::Red);
+    x.hit(0);  // an ace on 20 counts 1
+    EXPECT_EQ(x.f.board.CardTotal, 98);
+    EXPECT_EQ(x.f.board.CardTotalValue, 100);
+    EXPECT_EQ(x.f.TotalLabel[1]->foreColor(), colors::Black);
+    EXPECT_EQ(std::pair(x.f.TotalLabel[2]->foreColor(), x.f.ValueLabel[2]->fontBold()),
+              std::pair(colors::Red, true));
+    EXPECT_EQ(x.f.cmdGiveUp.caption(), "&Take score");
+}
+
 TEST(Fivestack, TheBonusRoundAtExactlyTheBonusScoreAndGameOverOnePointBelow) {
     for (const std::int32_t needed : {0, 1}) {
         Stack x;
