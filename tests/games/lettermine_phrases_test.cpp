@@ -4,6 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
 
 #include "common/FileStore.h"
 #include "games/lettermine/PhraseLayout.h"
@@ -134,6 +139,43 @@ TEST(PhraseSupply, AUselessFileOrAPositionPastItsEndNeverHangsTheRound) {
     EXPECT_TRUE(phrase == "the harbour" || phrase == "the hills") << phrase;
     EXPECT_EQ(caption, "Topic: Places");
     EXPECT_EQ(t.fake.messages().size(), 1u);
+}
+
+// Every phrase shipped lays out on the board, none repeats in any topic, and each topic
+// has enough for a long run of rounds; the program's copy is the same list in CR LF.
+TEST(PhraseSupply, EveryShippedPhraseLaysOutAndNoneRepeats) {
+    const auto dir = std::filesystem::path(CORVANNA_TESTS_DIR) / ".." / "assets" / "phrases";
+    std::set<std::string> seen;
+    TestProgram t;
+    t.prog.setAssetsDir(CORVANNA_ASSETS_DIR);
+    for (int k = 1; k <= PhraseSupply::kTopics; ++k) {
+        std::string name = PhraseSupply::topic(k).fileName;
+        name = name.substr(0, name.find('.'));
+        SCOPED_TRACE(name);
+        std::ifstream in(dir / (name + ".txt"), std::ios::binary);
+        std::stringstream text;
+        text << in.rdbuf();
+        std::istringstream lines(text.str());
+        int count = 0;
+        for (std::string phrase; std::getline(lines, phrase);) {
+            ++count;
+            PhraseLayout layout;
+            EXPECT_FALSE(phrase.empty() || LayoutPhrase(phrase, layout)) << phrase;
+            std::string key;
+            for (char c : phrase)
+                if (std::isalnum(static_cast<unsigned char>(c)))
+                    key += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+            EXPECT_TRUE(seen.insert(key).second) << "again: " << phrase;
+        }
+        EXPECT_GE(count, 150);
+        std::string crlf;
+        for (char c : text.str())
+            crlf += c == '\n' ? std::string("\r\n") : std::string(1, c);
+        std::string shipped;
+        ASSERT_EQ(readWholeFile(t.prog.shippedFile(PhraseSupply::topic(k).fileName), shipped),
+                  ReadStatus::Ok);
+        EXPECT_EQ(shipped, crlf);
+    }
 }
 
 }  // namespace corvanna
