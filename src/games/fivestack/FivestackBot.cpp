@@ -23,46 +23,12 @@ std::unique_ptr<GameBot> makeFivestackBot(Program& prog, FakePlatform& fake, Gam
 
 FivestackBot::FivestackBot(Program& prog, FakePlatform& fake, frmFivestack& form,
                            std::uint64_t seed)
-    : prog_(prog), fake_(fake), form_(form), rng_(seed) {
-    fake_.modalRunner = [this](Form& dialog) {
-        if (dialog.name() == "frmHiScoreName") {
-            static_cast<TextBox&>(*dialog.find("txtPlayerName")).setText("Bot");
-            click(dialog.find("cmdOK"), "frmHiScoreName.cmdOK");
-        } else if (dialog.name() == "frmHighScores") {
-            click(dialog.find("cmdDone"), "frmHighScores.cmdDone");
-        } else {
-            note("unexpected dialog " + dialog.name());
-            prog_.requestUnload(dialog);
-        }
-    };
+    : ClickBot(prog, fake), form_(form), rng_(seed) {
     // The score as it stands before game over sets it back to nothing.
     form_.lblCurrentScore.subscribe([this](Control& c, Prop p) {
         if (p == Prop::Caption && prog_.state.GameInProgress)
             lastScore_ = ParseScoreText(c.caption());
     });
-}
-
-FivestackBot::~FivestackBot() {
-    fake_.modalRunner = nullptr;
-}
-
-void FivestackBot::note(const std::string& what) {
-    if (fault_.empty())
-        fault_ = what;
-}
-
-bool FivestackBot::click(Control* control, const std::string& what) {
-    if (!control) {
-        note("no control " + what);
-        return false;
-    }
-    ++clicks_;
-    std::string why;
-    if (!userClick(*control, &why)) {
-        note("refused: " + what + ": " + why);
-        return false;
-    }
-    return true;
 }
 
 std::int64_t FivestackBot::playGame() {

@@ -8,7 +8,7 @@
 #include <random>
 #include <string>
 
-#include "games/GameBot.h"
+#include "games/ClickBot.h"
 #include "virtual/FakePlatform.h"
 
 namespace corvanna {
@@ -18,28 +18,19 @@ class GameFrame;
 class Program;
 class frmFivestack;
 
-class FivestackBot : public GameBot {
+class FivestackBot : public ClickBot {
 public:
     FivestackBot(Program& prog, FakePlatform& fake, frmFivestack& form, std::uint64_t seed);
-    ~FivestackBot() override;
 
     std::int64_t playGame() override;
-    std::string fault() const override { return fault_; }
-    long long clicks() const override { return clicks_; }
 
 private:
     void playRound();
-    bool click(Control* control, const std::string& what);
-    void note(const std::string& what);
     // The board against what the moves so far must have left.
     void checkBoard(int placed, int passed, int saved);
 
-    Program& prog_;
-    FakePlatform& fake_;
     frmFivestack& form_;
     std::mt19937_64 rng_;
-    std::string fault_;
-    long long clicks_ = 0;
     std::int64_t lastScore_ = 0;
 };
 

@@ -23,43 +23,7 @@ std::unique_ptr<GameBot> makeTierfallBot(Program& prog, FakePlatform& fake, Game
 }
 
 TierfallBot::TierfallBot(Program& prog, FakePlatform& fake, frmTierfall& form, std::uint64_t seed)
-    : prog_(prog), fake_(fake), form_(form), rng_(seed) {
-    // A score that enters a table: a name, then the table closed.
-    fake_.modalRunner = [this](Form& dialog) {
-        if (dialog.name() == "frmHiScoreName") {
-            static_cast<TextBox&>(*dialog.find("txtPlayerName")).setText("Bot");
-            click(dialog.find("cmdOK"), "frmHiScoreName.cmdOK");
-        } else if (dialog.name() == "frmHighScores") {
-            click(dialog.find("cmdDone"), "frmHighScores.cmdDone");
-        } else {
-            note("unexpected dialog " + dialog.name());
-            prog_.requestUnload(dialog);
-        }
-    };
-}
-
-TierfallBot::~TierfallBot() {
-    fake_.modalRunner = nullptr;
-}
-
-void TierfallBot::note(const std::string& what) {
-    if (fault_.empty())
-        fault_ = what;
-}
-
-bool TierfallBot::click(Control* control, const std::string& what) {
-    if (!control) {
-        note("no control " + what);
-        return false;
-    }
-    ++clicks_;
-    std::string why;
-    if (!userClick(*control, &why)) {
-        note("refused: " + why);
-        return false;
-    }
-    return true;
-}
+    : ClickBot(prog, fake), form_(form), rng_(seed) {}
 
 std::int64_t TierfallBot::playGame() {
     auto& g = prog_.state;

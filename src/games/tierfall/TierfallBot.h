@@ -9,7 +9,7 @@
 #include <random>
 #include <string>
 
-#include "games/GameBot.h"
+#include "games/ClickBot.h"
 #include "virtual/FakePlatform.h"
 
 namespace corvanna {
@@ -19,32 +19,23 @@ class GameFrame;
 class Program;
 class frmTierfall;
 
-class TierfallBot : public GameBot {
+class TierfallBot : public ClickBot {
 public:
     TierfallBot(Program& prog, FakePlatform& fake, frmTierfall& form, std::uint64_t seed);
-    ~TierfallBot() override;
 
     // Every action is a user's click or the clock moving on.
     std::int64_t playGame() override;
-    std::string fault() const override { return fault_; }
-    long long clicks() const override { return clicks_; }
     // The card goal or the scoring mode: each pair of the two has tables of its own.
     void changeOptions(std::mt19937_64& rng) override;
     std::string options() const override;
 
 private:
     void playRound();
-    bool click(Control* control, const std::string& what);
-    void note(const std::string& what);
     void changeCardGoal(std::mt19937_64& rng);
     void toggleScoringMode();
 
-    Program& prog_;
-    FakePlatform& fake_;
     frmTierfall& form_;
     std::mt19937_64 rng_;
-    std::string fault_;
-    long long clicks_ = 0;
 };
 
 // The row's bot: nullptr for a form that is not Tierfall's.
