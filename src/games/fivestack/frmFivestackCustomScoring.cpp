@@ -9,7 +9,7 @@ namespace corvanna {
 
 namespace {
 
-constexpr ScoringDialog::Layout kLayout{7800, 6900, 3480, 5940};
+constexpr ScoringDialog::Layout kLayout{7800, 6000, 3480, 4980};
 
 ScoringField between(double low, double high, const std::string& lowMessage,
                      const std::string& highMessage, const std::string& lowText,
