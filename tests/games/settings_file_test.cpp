@@ -9,6 +9,7 @@
 
 #include "common/FileStore.h"
 #include "games/GameRegistry.h"
+#include "games/lettermine/LettermineValues.h"
 #include "testkit/TestProgram.h"
 
 namespace corvanna {
@@ -191,6 +192,26 @@ TEST(SettingsFile, UnwritableFileGivesAMessageAndTheGameGoesOn) {
     EXPECT_TRUE(std::filesystem::is_directory(path));
     (void)f;
     EXPECT_TRUE(t.fake.takeErrors().empty());
+}
+
+// Lettermine's own keys: [Topic] takes only "0" to "7" and stands twice in the file; a
+// changed guess count marks the scores custom, a changed wait for the phrase doesn't.
+TEST(SettingsFile, LettermineKeepsItsTopicAndItsCustomMarkByItsOwnRules) {
+    TestProgram t;
+    const std::string path = t.prog.filePath("Lettermine.Ini");
+    for (const auto& [text, topic, custom] :
+         {std::tuple{"[Topic]\r\n9\r\n\r\n[ShowPhrase]\r\n2000\r\n\r\n", 0, false},
+          std::tuple{"[Topic]\r\n5\r\n\r\n[Guess Count]\r\n5\r\n\r\n", 5, true}}) {
+        ASSERT_TRUE(writeFileAtomic(path, text));
+        t.openGame("frmLettermine");
+        EXPECT_EQ(lettermineValues(t.prog).CurrentTopic, topic) << text;
+        EXPECT_EQ(t.prog.state.CustomScoring, custom) << text;
+        t.leaveGame("frmLettermine");
+        const std::string written = t.file("Lettermine.Ini");
+        const std::string key = "[Topic]\r\n" + std::to_string(topic) + "\r\n\r\n";
+        EXPECT_TRUE(written.ends_with(key)) << written;
+        EXPECT_NE(written.find("[Count Down Score]\r\nTrue\r\n\r\n" + key), std::string::npos);
+    }
 }
 
 }  // namespace corvanna

@@ -1,10 +1,32 @@
-// Lettermine's row: what its frame, files and tables differ in. It has no rules of its
-// own yet and runs on the plain frame.
+// Lettermine's row: what its frame, files and tables differ in, its settings and its
+// rules text. It runs on the plain frame until its form is built.
 
+#include "common/frame/GameFrame.h"
 #include "games/GameRegistry.h"
 #include "games/lettermine/LettermineValues.h"
 
 namespace corvanna {
+
+namespace {
+
+// [Topic]: only the texts "0" to "7" choose a topic; anything else changes nothing.
+SettingBinding lettermineTopicSetting() {
+    SettingBinding b = formSetting("Topic", SettingType::Text);
+    b.variable = [](Program& prog) -> SettingBinding::Variable {
+        return &lettermineValues(prog).TopicText;
+    };
+    b.then([](GameFrame& f, double) {
+        LettermineValues& v = lettermineValues(f.program());
+        if (v.TopicText.size() == 1 && v.TopicText[0] >= '0' && v.TopicText[0] <= '7')
+            v.CurrentTopic = static_cast<std::int16_t>(v.TopicText[0] - '0');
+    });
+    b.writes = [](GameFrame& f) {
+        return std::to_string(lettermineValues(f.program()).CurrentTopic);
+    };
+    return b;
+}
+
+}  // namespace
 
 GameInfo lettermineRow() {
     GameInfo row = gameRow("lettermine", "Lettermine");
@@ -21,30 +43,31 @@ GameInfo lettermineRow() {
     row.submitMinimum = 430000;
     row.submitSeconds = 45;
     row.seedScore = row.clearedSeedScore = 30000;
-    // The game's own keys join the table with its rules. It has no Deck menu, and DeckBack
-    // is set all the same.
-    row.settings = {musicSetting(),
-                    timeSetting("Time", row.defaultSeconds),
-                    soundsSetting(),
-                    countDownSetting("Count Down Score"),
-                    timeBonusSetting(row.defaultTimeBonus),
-                    bonusScoreSetting("Bonus Score", row.defaultBonusRoundScore),
-                    stateSetting(),
-                    widthSetting(),
-                    heightSetting(),
-                    deckSetting(row.defaultDeckBack).notInFile()};
-    // Its own values take their defaults at load; they join the file with its rules.
-    row.settings.push_back(
-        setting("", &LettermineValues::GuessBonus, LettermineValues::kDefaultGuessBonus)
-            .notInFile());
-    row.settings.push_back(
-        setting("", &LettermineValues::CompletionBonus, LettermineValues::kDefaultCompletionBonus)
-            .notInFile());
-    row.settings.push_back(
-        setting("", &LettermineValues::GuessCount, LettermineValues::kDefaultGuessCount)
-            .notInFile());
-    row.rules.headingBlanks = 31;
+    // Lettermine.Ini in the game's order, [Topic] twice. It has no Deck menu; DeckBack is
+    // set all the same. Five values decide the custom mark; the wait, the count-down, the
+    // topic and the time limit don't.
     using V = LettermineValues;
+    row.settings = {
+        musicSetting(),
+        timeSetting("Time", row.defaultSeconds),
+        soundsSetting(),
+        countDownSetting("Count Down Score"),
+        lettermineTopicSetting(),
+        timeBonusSetting(row.defaultTimeBonus),
+        bonusScoreSetting("Bonus Score", row.defaultBonusRoundScore),
+        setting("Completion Bonus", &V::CompletionBonus, V::kDefaultCompletionBonus).custom(),
+        setting("Guess Bonus", &V::GuessBonus, V::kDefaultGuessBonus).custom(),
+        // A round needs one smiley at least, and there are eight.
+        setting("Guess Count", &V::GuessCount, V::kDefaultGuessCount).limits(1, 8).custom(),
+        setting("ShowPhrase", &V::ShowPhraseMs, V::kDefaultShowPhraseMs).limits(0, INT16_MAX),
+        stateSetting(),
+        widthSetting(),
+        heightSetting(),
+        lettermineTopicSetting(),
+        deckSetting(row.defaultDeckBack).notInFile(),
+        setting("", &V::CurrentTopic, 0).notInFile(),
+    };
+    row.rules.headingBlanks = 31;
     row.rules.paragraphs = {
         openingParagraph("two", score(&AppState::BonusRoundScore),
                          " points in these rounds, and you successfully solve the phrases in "
