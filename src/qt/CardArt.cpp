@@ -242,6 +242,20 @@ using namespace cardart;
 
 namespace {
 
+// Lettermine's guess pictures by their stable names.
+bool parseGuess(const std::string& name, Guess& guess) {
+    static const std::pair<const char*, Guess> kNames[] = {{"SmileyHappy", Guess::Happy},
+                                                           {"SmileyBlank", Guess::Blank},
+                                                           {"SmileySad", Guess::Unhappy},
+                                                           {"SmileyBanned", Guess::Banned}};
+    for (const auto& [n, g] : kNames)
+        if (name == n) {
+            guess = g;
+            return true;
+        }
+    return false;
+}
+
 // A name nobody knows shows itself, so a wrong key is seen at once.
 void paintUnknown(QPainter& p, const QRectF& r, const std::string& name) {
     p.setPen(QPen(QColor(0xD0, 0x20, 0xD0), 1, Qt::DashLine));
@@ -259,8 +273,10 @@ bool CardArt::knows(const std::string& picture) {
     Face face;
     Design design;
     int cards;
+    Guess guess;
     return parseFace(picture, face) || parseBack(picture, design, cards) || picture == "EMPTY" ||
-           picture == "TFAL" || picture == "POINTER" || picture == "Empty";
+           picture == "TFAL" || picture == "POINTER" || picture == "Empty" ||
+           parseGuess(picture, guess);
 }
 
 void CardArt::paint(QPainter& p, const QRectF& rect, const std::string& picture) {
@@ -283,6 +299,8 @@ void CardArt::paint(QPainter& p, const QRectF& rect, const std::string& picture)
         paintSplash(p, rect);
     else if (picture == "POINTER")
         paintPointer(p, rect);
+    else if (Guess guess; parseGuess(picture, guess))
+        paintGuess(p, rect, guess);
     else
         paintUnknown(p, rect, picture);
     p.restore();

@@ -1,6 +1,7 @@
 #pragma once
 // Card pictures drawn by code from their stable picture names ("1S".."13D", the
-// back designs, "EMPTY", "POINTER", "TFAL"), at the real pixel size of the place
+// back designs, "EMPTY", "POINTER", "TFAL", and Lettermine's "SmileyHappy",
+// "SmileyBlank", "SmileySad", "SmileyBanned"), at the real pixel size of the place
 // they fill, so a card is sharp at any window size and on any screen.
 
 #include <QPixmap>

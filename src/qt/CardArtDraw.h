@@ -49,4 +49,8 @@ void paintEmptyPlace(QPainter& p, const QRectF& r);
 void paintSplash(QPainter& p, const QRectF& r);
 void paintPointer(QPainter& p, const QRectF& r);
 
+// Lettermine's guess pictures (Smileys.cpp).
+enum class Guess { Happy, Blank, Unhappy, Banned };
+void paintGuess(QPainter& p, const QRectF& r, Guess kind);
+
 }  // namespace corvanna::cardart

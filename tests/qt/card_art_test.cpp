@@ -186,5 +186,29 @@ TEST_F(CardArtPictures, BackDesignsAndStacksTellThemselvesApart) {
     }
 }
 
+// Lettermine's guess pictures: the four tell themselves apart, the smiling face is yellow,
+// the sad one green, the banned one crossed in red, all on silver.
+TEST_F(CardArtPictures, TheGuessPicturesAreFourFacesOnSilver) {
+    const QSize size(24, 22);
+    const QImage happy = render("SmileyHappy", size * 4);
+    const QImage blank = render("SmileyBlank", size * 4);
+    const QImage sad = render("SmileySad", size * 4);
+    const QImage banned = render("SmileyBanned", size * 4);
+    for (const QImage* img : {&happy, &blank, &sad, &banned})
+        EXPECT_EQ(img->pixel(1, 1), qRgb(0xC0, 0xC0, 0xC0));  // the silver ground
+    EXPECT_EQ(blank.pixel(48, 44), qRgb(0xC0, 0xC0, 0xC0));
+    // The cheek, left of the centre beside the eye: yellow, green.
+    const QRgb cheekHappy = happy.pixel(24, 40), cheekSad = sad.pixel(24, 40);
+    EXPECT_TRUE(qRed(cheekHappy) > 200 && qGreen(cheekHappy) > 180 && qBlue(cheekHappy) < 80);
+    EXPECT_TRUE(qGreen(cheekSad) > qRed(cheekSad) + 40 && qBlue(cheekSad) < 120);
+    EXPECT_GT(differingShare(happy, sad), 0.1);
+    EXPECT_GT(differingShare(happy, banned), 0.05);
+    // The prohibition sign's stroke crosses the middle of the face.
+    int red = 0;
+    for (int i = -6; i <= 6; ++i)
+        red += isRedInk(banned.pixel(48 + i, 44 + i));
+    EXPECT_GT(red, 6);
+}
+
 }  // namespace
 }  // namespace corvanna
