@@ -151,12 +151,18 @@ bool GameFrame::InitRound() {
     return true;
 }
 
-void GameFrame::Timer1_Timer() {
+bool GameFrame::AdvanceRoundClock() {
     if (g_.RoundSeconds <= 0)
-        return;
+        return false;
     g_.ElapsedSeconds = static_cast<std::int16_t>(g_.ElapsedSeconds + 1);
     DrawClock(static_cast<int>(roundHalfEven(360.0 / g_.RoundSeconds * g_.ElapsedSeconds)), *this);
     g_.ClockSeconds = g_.ElapsedSeconds;
+    return true;
+}
+
+void GameFrame::Timer1_Timer() {
+    if (!AdvanceRoundClock())
+        return;
     const int left = g_.RoundSeconds - g_.ElapsedSeconds;
     lblTime.setCaption("Time: " + std::to_string(left));
     const auto quarter = roundHalfEven(g_.RoundSeconds / 4.0);

@@ -173,6 +173,9 @@ public:
     // A round is on and its clock may run: neither paused nor being scored.
     bool roundRunning() const { return g_.GameInProgress && !isPaused() && !g_.TakingScore; }
 
+    // A second of the round gone, and the pie clock drawn for it: the first step of every
+    // game's tick. False when there is no time limit to count against.
+    bool AdvanceRoundClock();
     // Flashes the message label red and black, the row's period a swap.
     void FlashMessage(int times);
     void PlayWaveFile(const std::string& file);

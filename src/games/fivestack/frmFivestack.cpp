@@ -128,29 +128,35 @@ bool frmFivestack::refusingClicks() const {
 // ---- The board
 
 bool frmFivestack::Deal() {
-    // Reset: every image cleared, the columns open, the totals at nought.
+    Reset();
+    // The first image of each column shows where its cards go.
+    for (int c = 0; c < FivestackBoard::kColumns; ++c) {
+        Column[c][0]->setPicture(prog_.pictures.picture("EMPTY"));
+        Column[c][0]->setEnabled(true);
+    }
+    ShowNextCard();
+    return true;
+}
+
+void frmFivestack::Reset() {
+    g_.ElapsedSeconds = 0;
+    lblMessage.setFont(18, true);
+    lblTimeBonus.setCaption(std::to_string(values().TimeBonusMax));
     board.deal(g_.Deck, values().CardsToPassSetting);
     values().CardsToPass = board.CardsToPass;
     for (int c = 0; c < FivestackBoard::kColumns; ++c) {
-        for (int r = 0; r < FivestackBoard::kCardsPerColumn; ++r) {
-            Control& img = *Column[c][r];
-            img.setEnabled(false);
-            img.setBorder(false);
-            img.setPicture("");
-            img.setVisible(false);
+        for (Control* img : Column[c]) {
+            img->setEnabled(false);
+            img->setBorder(false);
+            img->setPicture("");
+            img->setVisible(false);
         }
         ColumnSoft[c]->setCaption("");
         ColumnTotal[c]->setCaption("0");
         CloseColumn(c, false);
-        // The first image of each column shows where its cards go.
-        Column[c][0]->setPicture(prog_.pictures.picture("EMPTY"));
-        Column[c][0]->setEnabled(true);
     }
-    lblMessage.setFont(18, true);
     lblCurrentTotal.setCaption("0");
     cmdGiveUp.setCaption("&Give Up");
-    ShowNextCard();
-    return true;
 }
 
 void frmFivestack::CloseColumn(int column, bool closed) {
@@ -321,11 +327,8 @@ void frmFivestack::RoundStarted() {
 }
 
 void frmFivestack::Timer1_Timer() {
-    if (g_.RoundSeconds <= 0)
+    if (!AdvanceRoundClock())
         return;
-    g_.ElapsedSeconds = static_cast<std::int16_t>(g_.ElapsedSeconds + 1);
-    DrawClock(static_cast<int>(roundHalfEven(360.0 / g_.RoundSeconds * g_.ElapsedSeconds)), *this);
-    g_.ClockSeconds = g_.ElapsedSeconds;
     // A straight line from the maximum at second 0 to the minimum at the time limit, in the
     // 32-bit reals the step is kept in.
     const FivestackValues& v = values();
@@ -355,25 +358,8 @@ void frmFivestack::AwardRoundBonuses() {
         TakeScore();
     else
         LoseRound();
-    // Reset: the board waits empty for the next round or the end of the game.
-    Timer1.stop();
-    g_.ElapsedSeconds = 0;
-    lblMessage.setFont(18, true);
-    lblTimeBonus.setCaption(std::to_string(values().TimeBonusMax));
-    values().CardsToPass = values().CardsToPassSetting;
-    board.deal(g_.Deck, values().CardsToPassSetting);
-    for (int c = 0; c < FivestackBoard::kColumns; ++c) {
-        for (Control* img : Column[c]) {
-            img->setPicture("");
-            img->setBorder(false);
-            img->setVisible(false);
-        }
-        ColumnSoft[c]->setCaption("");
-        ColumnTotal[c]->setCaption("0");
-        CloseColumn(c, false);
-    }
-    lblCurrentTotal.setCaption("0");
-    cmdGiveUp.setCaption("&Give Up");
+    // The board waits empty for the next round or the end of the game.
+    Reset();
     ShowHitButtons(false);
 }
 

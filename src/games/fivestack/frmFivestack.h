@@ -85,6 +85,8 @@ private:
     void TakeScore();
     void LoseRound();
     void CloseColumn(int column, bool closed);
+    // Reset: the round's board emptied, every column open, the totals and the passes back.
+    void Reset();
 
     // The board area (LayoutBoard): where a message is centred.
     int boardLeft_ = 0, boardTop_ = 0, boardWidth_ = 0, boardHeight_ = 0;
