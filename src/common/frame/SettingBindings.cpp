@@ -69,6 +69,8 @@ SettingRead readSetting(const SettingBinding& b, const std::string& value, Progr
     }
     if (b.handler && form)
         b.handler(*form, v);
+    if (b.textHandler && form)
+        b.textHandler(*form, value);
     return SettingRead::Taken;
 }
 

@@ -48,6 +48,8 @@ struct SettingBinding {
     // Runs after a value read (or the default of a binding without a variable) is taken:
     // a menu check, the form's own handler.
     std::function<void(GameFrame&, double)> handler;
+    // A text key's handler, given the text as the file had it (a key read by its own rule).
+    std::function<void(GameFrame&, const std::string&)> textHandler;
     // What is written for a value the form holds.
     std::function<std::string(GameFrame&)> writes;
 
@@ -73,6 +75,10 @@ struct SettingBinding {
     }
     SettingBinding& then(std::function<void(GameFrame&, double)> apply) {
         handler = std::move(apply);
+        return *this;
+    }
+    SettingBinding& thenText(std::function<void(GameFrame&, const std::string&)> apply) {
+        textHandler = std::move(apply);
         return *this;
     }
     SettingBinding& readOnly() {

@@ -54,12 +54,9 @@ void addFivestackVariables() {
 // anything else Palm Tree. A first file keeps the design on show at load.
 SettingBinding fivestackDeckSetting() {
     SettingBinding b = formSetting("Deck", SettingType::Text);
-    b.variable = [](Program& prog) -> SettingBinding::Variable {
-        return &fivestackValues(prog).DeckText;
-    };
-    b.then([](GameFrame& f, double) {
+    b.thenText([](GameFrame& f, const std::string& text) {
         std::int64_t n = 0;
-        const bool number = parseInteger(fivestackValues(f.program()).DeckText, n);
+        const bool number = parseInteger(text, n);
         f.SelectDeckBack(number && n >= 1 && n <= 3 ? static_cast<int>(n) : 4);
     });
     b.writes = [](GameFrame& f) { return std::to_string(f.program().state.DeckBack); };

@@ -3,7 +3,6 @@
 // wait between rounds. The form and its scoring dialog set them; the rules text reads them.
 
 #include <cstdint>
-#include <string>
 
 #include "common/Program.h"
 
@@ -24,7 +23,6 @@ struct FivestackValues {
     std::int16_t CardsToPassSetting = kDefaultCardsToPass;
     std::int16_t CardsToPass = kDefaultCardsToPass;
     std::int16_t WaitPeriod = kDefaultWaitPeriod;  // milliseconds
-    std::string DeckText;                          // [Deck] as the file had it
 
     void UpdateTimeBonusStep(std::int16_t roundSeconds) {
         TimeBonusStep = roundSeconds > 0

@@ -12,13 +12,9 @@ namespace {
 // [Topic]: only the texts "0" to "7" choose a topic; anything else changes nothing.
 SettingBinding lettermineTopicSetting() {
     SettingBinding b = formSetting("Topic", SettingType::Text);
-    b.variable = [](Program& prog) -> SettingBinding::Variable {
-        return &lettermineValues(prog).TopicText;
-    };
-    b.then([](GameFrame& f, double) {
-        LettermineValues& v = lettermineValues(f.program());
-        if (v.TopicText.size() == 1 && v.TopicText[0] >= '0' && v.TopicText[0] <= '7')
-            v.CurrentTopic = static_cast<std::int16_t>(v.TopicText[0] - '0');
+    b.thenText([](GameFrame& f, const std::string& text) {
+        if (text.size() == 1 && text[0] >= '0' && text[0] <= '7')
+            lettermineValues(f.program()).CurrentTopic = static_cast<std::int16_t>(text[0] - '0');
     });
     b.writes = [](GameFrame& f) {
         return std::to_string(lettermineValues(f.program()).CurrentTopic);

@@ -3,7 +3,6 @@
 // guesses a round allows. The form sets them at load; the rules text reads them.
 
 #include <cstdint>
-#include <string>
 
 #include "common/Program.h"
 
@@ -19,9 +18,8 @@ struct LettermineValues {
     std::int32_t CompletionBonus = kDefaultCompletionBonus;
     std::int16_t GuessCount = kDefaultGuessCount;
     std::int16_t ShowPhraseMs = kDefaultShowPhraseMs;  // how long a lost phrase stands
-    // 0 for Random, or a topic from 1 to 7; [Topic] as the file had it.
+    // 0 for Random, or a topic from 1 to 7.
     std::int16_t CurrentTopic = 0;
-    std::string TopicText;
 };
 
 inline LettermineValues& lettermineValues(Program& prog) {
