@@ -328,7 +328,7 @@ void FocusRing::place() {
     }
     // Round a scrolling text, not over it: its first column and its scroll bar stay clear.
     if (qobject_cast<QAbstractScrollArea*>(target_)) {
-        const int band = static_cast<int>(std::ceil(1.5 * bandFor(QSize(36, 36))));
+        const int band = static_cast<int>(std::ceil(1.5 * blueBand()));
         setGeometry(target_->geometry().adjusted(-band, -band, band, band));
     } else {
         setGeometry(target_->geometry());
@@ -343,11 +343,16 @@ qreal FocusRing::bandFor(QSize target) {
     return std::clamp(std::min(target.width(), target.height()) / 12.0, 2.0, 6.0);
 }
 
+qreal FocusRing::blueBand() const {
+    // Round a page of text a thin band is enough to show where the keys go.
+    constexpr qreal kPageBand = 3;
+    return target_ && qobject_cast<QAbstractScrollArea*>(target_) ? kPageBand : bandFor(size());
+}
+
 void FocusRing::paintEvent(QPaintEvent*) {
     // Blue on a white edge: the white parts it from the felt and the dark dialogs, the
     // blue from a light form.
-    const qreal blue =
-        bandFor(target_ && qobject_cast<QAbstractScrollArea*>(target_) ? target_->size() : size());
+    const qreal blue = blueBand();
     const qreal white = std::max(1.0, blue / 2);
     QPainter p(this);
     const QRectF r = QRectF(rect());

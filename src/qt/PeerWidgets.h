@@ -217,6 +217,10 @@ protected:
     void paintEvent(QPaintEvent*) override;
 
 private:
+    // The blue band of this ring: as its control is large, or thin round a page of text;
+    // place() leaves room for it and its white edge outside a page.
+    qreal blueBand() const;
+
     QPointer<QWidget> target_;
     bool suppressed_ = false;
 };
