@@ -25,6 +25,12 @@ std::vector<std::string> linesOf(const std::string& text) {
         out.push_back(text.substr(at, nl - at));
     return out;
 }
+// A phrase as it is handed out: without the blanks at its ends.
+std::string trimmed(std::string s) {
+    s.erase(0, s.find_first_not_of(' '));
+    s.erase(s.find_last_not_of(' ') + 1);
+    return s;
+}
 }  // namespace
 
 TEST(PhraseSupply, AFileIsShuffledOnceWrittenBackInLowerCaseAndResumedAfterARestart) {
@@ -42,12 +48,7 @@ TEST(PhraseSupply, AFileIsShuffledOnceWrittenBackInLowerCaseAndResumedAfterARest
     EXPECT_EQ(r.PhraseCount, 3);
     ASSERT_EQ(r.PhraseTable.size(), 4u);
     EXPECT_EQ(r.PhrasePosition, 1);
-    EXPECT_EQ(first, [&] {
-        std::string s = r.PhraseTable[0];
-        s.erase(0, s.find_first_not_of(' '));
-        s.erase(s.find_last_not_of(' ') + 1);
-        return s;
-    }());
+    EXPECT_EQ(first, trimmed(r.PhraseTable[0]));
     supply.SavePhraseFiles(t.prog);
     const std::vector<std::string> lines = linesOf(t.file("LMS.Dat"));
     ASSERT_EQ(lines.size(), 5u);  // header, three phrases, the final empty line
@@ -67,12 +68,7 @@ TEST(PhraseSupply, AFileIsShuffledOnceWrittenBackInLowerCaseAndResumedAfterARest
     // The next run reads the header and goes on without a shuffle: slot 1 is the first
     // phrase written.
     PhraseSupply next;
-    EXPECT_EQ(next.GetNextPhrase(t.prog, topic, caption), [&] {
-        std::string s = phrases[0];
-        s.erase(0, s.find_first_not_of(' '));
-        s.erase(s.find_last_not_of(' ') + 1);
-        return s;
-    }());
+    EXPECT_EQ(next.GetNextPhrase(t.prog, topic, caption), trimmed(phrases[0]));
     EXPECT_EQ(next.record(4).PhraseCount, 4);  // the final empty line counts
     EXPECT_EQ(next.record(4).PhrasePosition, 2);
     // Only the topics used are written.
