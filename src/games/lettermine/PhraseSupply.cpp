@@ -106,12 +106,11 @@ void PhraseSupply::ShufflePhrases(Program& prog, std::vector<std::string>& table
     }
 }
 
-std::string PhraseSupply::GetNextPhrase(Program& prog, std::int16_t& currentTopic,
+std::string PhraseSupply::GetNextPhrase(Program& prog, std::int16_t currentTopic,
                                         std::string& caption) {
-    const bool drawn = currentTopic == 0;
-    if (drawn)
-        currentTopic = static_cast<std::int16_t>(prog.randomNumber(1, kTopics));
-    const int t = std::clamp<int>(currentTopic, 1, kTopics);
+    // Random draws the topic of this phrase only; the choice in force stays Random.
+    const int t = currentTopic == 0 ? prog.randomNumber(1, kTopics)
+                                    : std::clamp<int>(currentTopic, 1, kTopics);
     caption = topic(t).frameCaption;
     const std::string path = prog.shippedFile(topic(t).fileName);
     PhraseTopic& r = record(t);
@@ -131,14 +130,10 @@ std::string PhraseSupply::GetNextPhrase(Program& prog, std::int16_t& currentTopi
                 "file with a single phrase hase been created. Please reinstall the Corvanna to "
                 "recover from this error.",
                 MsgButtons::OK, MsgIcon::Critical);
-            if (drawn)
-                currentTopic = 0;
             return phrase;
         }
         if (status != ReadStatus::Ok) {
             prog.msg("The phrase file '" + path + "' could not be read: " + error + ".");
-            if (drawn)
-                currentTopic = 0;
             return "";
         }
         r.PhraseCount = 0;
@@ -154,12 +149,10 @@ std::string PhraseSupply::GetNextPhrase(Program& prog, std::int16_t& currentTopi
     }
     phrase = trimmed(r.PhraseTable[static_cast<std::size_t>(r.PhrasePosition)]);
     ++r.PhrasePosition;
-    if (drawn)
-        currentTopic = 0;
     return phrase;
 }
 
-std::string PhraseSupply::GetPlayablePhrase(Program& prog, std::int16_t& currentTopic,
+std::string PhraseSupply::GetPlayablePhrase(Program& prog, std::int16_t currentTopic,
                                             std::string& caption, PhraseLayout& layout) {
     const int asked = currentTopic;
     for (long tries = 0;; ++tries) {

@@ -45,12 +45,12 @@ public:
     static void ShufflePhrases(Program& prog, std::vector<std::string>& table);
 
     // GetNextPhrase: the next phrase of the topic, trimmed (Random: of a topic drawn for
-    // it, CurrentTopic back at 0 afterwards), and fmPhrase's caption. A missing file is
+    // this phrase alone), and fmPhrase's caption. A missing file is
     // replaced by the one sentence above, with a message; any other failure gives "".
-    std::string GetNextPhrase(Program& prog, std::int16_t& currentTopic, std::string& caption);
+    std::string GetNextPhrase(Program& prog, std::int16_t currentTopic, std::string& caption);
     // The next phrase the board can take. A topic that gives none in a whole pass (every line
     // empty or refused) is named, and the round is played on the built-in sentence.
-    std::string GetPlayablePhrase(Program& prog, std::int16_t& currentTopic, std::string& caption,
+    std::string GetPlayablePhrase(Program& prog, std::int16_t currentTopic, std::string& caption,
                                   PhraseLayout& layout);
     // SavePhraseFiles: every topic read in this run, in its shuffled order, with its
     // position and the final empty line.
