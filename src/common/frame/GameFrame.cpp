@@ -202,11 +202,9 @@ void GameFrame::wireHandlers() {
         mnuSounds.setChecked(g_.SoundsOn);
     };
     auto dialog = [this](std::function<void()> SharedDialogs::*which) {
+        // Never over a round half paid: a click held through its waits finds nothing to do.
         return [this, which] {
-            // Never over a round half paid: the click is held with the rest until it's done.
-            if (endingRound())
-                return;
-            if (const auto& open = prog_.dialogs.*which)
+            if (const auto& open = prog_.dialogs.*which; open && !endingRound())
                 RunPausingDialog(open);
         };
     };
