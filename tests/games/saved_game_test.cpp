@@ -122,6 +122,27 @@ TEST(SavedGameFile, OnlyTheRoundsThatWereDealtAreWritten) {
                 HasSubstr("[UserName]\r\nOla  [Card Goal]  9\r\n[Round 1 Deck]"));
     // Blanks alone are no name.
     EXPECT_THAT(SavedGameText(g, "   "), HasSubstr("[UserName]\r\nan anonymous user\r\n"));
+
+    // A comma would split the name into items, and what follows it could read as a key:
+    // such a name goes in quotes and comes back whole, a quote in it as an apostrophe.
+    const struct {
+        std::string name, line, readBack;
+    } quoted[] = {
+        {"Quill, Marta", "\"Quill, Marta\"", "Quill, Marta"},
+        {"x,[Card Goal]", "\"x,[Card Goal]\"", "x,[Card Goal]"},
+        {"Jo \"JJ\", Smith", "\"Jo 'JJ', Smith\"", "Jo 'JJ', Smith"},
+        {"Jo \"JJ\" Smith", "Jo \"JJ\" Smith", "Jo \"JJ\" Smith"},
+    };
+    for (const auto& c : quoted) {
+        const std::string text = SavedGameText(g, c.name);
+        EXPECT_THAT(text, HasSubstr("[UserName]\r\n" + c.line + "\r\n[Round 1 Deck]")) << c.name;
+        SavedGame game;
+        std::string reason;
+        ASSERT_TRUE(ParseSavedGame(text, game, &reason)) << c.name << ": " << reason;
+        EXPECT_EQ(game.userName, c.readBack);
+        EXPECT_EQ(game.cardGoal, 11) << c.name;
+        EXPECT_EQ(SavedGameText(game), text) << c.name;
+    }
 }
 
 TEST(SavedGameFile, TheScoreCommentAtEachBandEdge) {
@@ -255,8 +276,8 @@ TEST(SavedGameFile, WhatAReaderMustTolerate) {
     ASSERT_TRUE(ParseSavedGame(replaceAll(good, "\r\n", "\n"), game, &reason)) << reason;
     EXPECT_EQ(SavedGameText(game), good);
 
-    // A name is an item: it ends at its comma, and leading blanks and quotes go.
-    ASSERT_TRUE(ParseSavedGame(SavedGameText(g, "Smith, Ola"), game, &reason)) << reason;
+    // A name is an item: a bare one ends at its comma, and leading blanks and quotes go.
+    ASSERT_TRUE(ParseSavedGame(replaceAll(good, "\r\nOla\r\n", "\r\nSmith, Ola\r\n"), game));
     EXPECT_EQ(game.userName, "Smith");
     ASSERT_TRUE(ParseSavedGame(replaceAll(good, "\r\nOla\r\n", "\r\n  \"Ola, Kim\"\r\n"), game));
     EXPECT_EQ(game.userName, "Ola, Kim");

@@ -225,10 +225,11 @@ TEST(TierfallSavedGames, TheProgramStartedWithAGameOpensTierfallSetsItsGoalAndRe
     EXPECT_TRUE(f->visible());
     EXPECT_FALSE(select.visible());
     EXPECT_EQ(prog.state.AppTitle, "Tierfall!");
-    // The name is cut at its comma, as every value of these files is.
+    // The name was written in quotes, so its comma does not cut it.
     EXPECT_THAT(fake.messages(),
-                ElementsAre(HasSubstr("This game was saved by Bo. He or she earned an unbelievable "
-                                      "score of 160,001 in this game.")));
+                ElementsAre(HasSubstr("This game was saved by Bo, of the hills. He "
+                                      "or she earned an unbelievable score of "
+                                      "160,001 in this game.")));
     EXPECT_EQ(tierfallValues(prog).CardGoal, 14);
     EXPECT_TRUE(f->mnuGoals[4]->checked());
     EXPECT_FALSE(f->mnuGoals[1]->checked());

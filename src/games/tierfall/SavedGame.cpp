@@ -27,7 +27,14 @@ std::string nameLine(const std::string& name) {
         out.begin(), out.end(),
         [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
     out.erase(0, out.find_first_not_of(' '));
-    return out.empty() ? kAnonymousUser : out;
+    if (out.empty())
+        return kAnonymousUser;
+    // A comma splits a line into items, so such a name goes in quotes to come back whole;
+    // a quote inside would end it early and becomes an apostrophe.
+    if (out.find(',') == std::string::npos)
+        return out;
+    std::replace(out.begin(), out.end(), '"', '\'');
+    return '"' + out + '"';
 }
 
 // Text files hold no control characters but tabs and line ends.
