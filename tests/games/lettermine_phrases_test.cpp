@@ -79,6 +79,7 @@ TEST(PhraseSupply, AFileIsShuffledOnceWrittenBackInLowerCaseAndResumedAfterARest
 
 TEST(PhraseSupply, AMissingFileIsReplacedByOneSentenceAndRandomGoesBackToNought) {
     TestProgram t;
+    t.prog.setAssetsDir("");  // nothing shipped beside the program
     PhraseSupply supply;
     std::int16_t topic = 0;  // Random: a topic drawn for this phrase
     std::string caption;

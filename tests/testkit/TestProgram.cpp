@@ -13,7 +13,9 @@ namespace corvanna {
 
 TestProgram::TestProgram(std::uint64_t seed, const std::string& dataDir)
     : prog(fake, dataDir.empty() ? tmp.path().toStdString() : dataDir, seed),
-      select(startSelector(prog)) {}
+      select(startSelector(prog)) {
+    prog.setAssetsDir(CORVANNA_SHIPPED_DIR);
+}
 
 Form& TestProgram::form(const std::string& name) {
     Form* f = prog.findForm(name);

@@ -53,9 +53,7 @@ LettermineRound::Pick LettermineRound::pick(int letter) {
     // The first hit of the round opens the vowels.
     if (p.found && !SolveMode && !VowelsOpen) {
         VowelsOpen = true;
-        for (int l = 0; l < kLetters; ++l)
-            if (isVowel(l))
-                letterEnabled[static_cast<std::size_t>(l)] = true;
+        enableVowels(true);
         // A vowel already tried stays tried.
         letterEnabled[static_cast<std::size_t>(letter)] = false;
     }
@@ -70,10 +68,19 @@ void LettermineRound::solve() {
     SolveMode = true;
     if (!VowelsOpen) {
         VowelsOpen = true;
-        for (int l = 0; l < kLetters; ++l)
-            if (isVowel(l))
-                letterEnabled[static_cast<std::size_t>(l)] = true;
+        enableVowels(true);
     }
+}
+
+void LettermineRound::enableVowels(bool enabled) {
+    for (int l = 0; l < kLetters; ++l)
+        if (isVowel(l))
+            letterEnabled[static_cast<std::size_t>(l)] = enabled;
+}
+
+void LettermineRound::blankGuess(int index) {
+    if (index >= 0 && index < kSmileys)
+        Guess[static_cast<std::size_t>(index)] = "BLANK";
 }
 
 bool LettermineRound::complete() const {
@@ -124,9 +131,7 @@ LettermineRound::BonusPick LettermineRound::pickForBonus(int letter) {
                 : "Select " + std::to_string(5 - BonusPickCount) + " consonants and no vowels";
     } else {
         BonusVowel = static_cast<std::int16_t>('A' + letter);
-        for (int l = 0; l < kLetters; ++l)
-            if (isVowel(l))
-                letterEnabled[static_cast<std::size_t>(l)] = false;
+        enableVowels(false);
         b.message = "Select " + std::to_string(5 - BonusPickCount) + " consonants and no vowels";
     }
     BonusPicks[static_cast<std::size_t>(BonusPickCount)] = static_cast<std::int16_t>('A' + letter);

@@ -66,6 +66,12 @@ public:
     };
     // cmdLetter_Click in the picking phase.
     BonusPick pickForBonus(int letter);
+    // The form's ShowControls and EnableVowels: every letter, or the six vowels.
+    void enableLetters(bool enabled) { letterEnabled.fill(enabled); }
+    void enableVowels(bool enabled);
+    // Take Score pays a smiley left: it goes blank.
+    void blankGuess(int index);
+
     // After the sixth pick was applied and the round goes on: every letter but the picks
     // open, one long solve.
     void startBonusSolve();

@@ -1,13 +1,86 @@
-// Lettermine's row: what its frame, files and tables differ in, its settings and its
-// rules text. It runs on the plain frame until its form is built.
+// Lettermine's row: what its frame, files and tables differ in, its form, its settings,
+// its driver variables and its rules text.
 
+#include "common/Variables.h"
 #include "common/frame/GameFrame.h"
+#include "games/GameBot.h"
 #include "games/GameRegistry.h"
 #include "games/lettermine/LettermineValues.h"
+#include "games/lettermine/frmLettermine.h"
 
 namespace corvanna {
 
+// The bot plays on the virtual platform, linked only into the tests and the soak
+// (LettermineBot.cpp); the program itself goes without, so the row asks for it weakly.
+__attribute__((weak)) std::unique_ptr<GameBot> makeLettermineBot(Program& prog, FakePlatform& fake,
+                                                                 GameFrame& form,
+                                                                 std::uint64_t seed);
+
 namespace {
+
+using P = const Program&;
+
+const frmLettermine* formOf(P p) {
+    return dynamic_cast<const frmLettermine*>(p.findForm("frmLettermine"));
+}
+
+// The driver's `get` of Lettermine's own values, of the phrase tables, and of the round
+// while the form is loaded.
+void addLettermineVariables() {
+    static const LettermineRound noRound;  // no form: an empty round
+    auto roundOf = [](P p) -> const LettermineRound& {
+        const frmLettermine* f = formOf(p);
+        return f ? f->round : noRound;
+    };
+    addVariable("GuessBonus", [](P p) { return numberText(lettermineValues(p).GuessBonus); });
+    addVariable("CompletionBonus",
+                [](P p) { return numberText(lettermineValues(p).CompletionBonus); });
+    addVariable("GuessCount", [](P p) { return numberText(lettermineValues(p).GuessCount); });
+    addVariable("ShowPhraseMs", [](P p) { return numberText(lettermineValues(p).ShowPhraseMs); });
+    addVariable("CurrentTopic", [](P p) { return numberText(lettermineValues(p).CurrentTopic); });
+    addVariable("PhrasesSolved", [](P p) {
+        const frmLettermine* f = formOf(p);
+        return numberText(f ? f->PhrasesSolved : 0);
+    });
+    addVariable("LetterValue", [](P p) {
+        const frmLettermine* f = formOf(p);
+        return numberText(f ? f->LetterValue : 0);
+    });
+    addVariable("CurrentPhrase", [roundOf](P p) { return roundOf(p).board.text; });
+    addVariable("LetterCellCount",
+                [roundOf](P p) { return numberText(roundOf(p).board.LetterCellCount); });
+    addVariable("MaxLetterUnits",
+                [roundOf](P p) { return numberText(roundOf(p).board.MaxLetterUnits); });
+    addVariable("GuessIndex", [roundOf](P p) { return numberText(roundOf(p).GuessIndex); });
+    addVariable("RoundSolved", [roundOf](P p) { return flagText(roundOf(p).RoundSolved); });
+    addVariable("SolveMode", [roundOf](P p) { return flagText(roundOf(p).SolveMode); });
+    addVariable("LetterHit", [roundOf](P p) { return flagText(roundOf(p).LetterHit); });
+    addVariable("VowelsOpen", [roundOf](P p) { return flagText(roundOf(p).VowelsOpen); });
+    addVariable("BonusPicking", [roundOf](P p) { return flagText(roundOf(p).BonusPicking); });
+    addVariable("BonusVowel", [roundOf](P p) { return numberText(roundOf(p).BonusVowel); });
+    addVariable("BonusConsonants",
+                [roundOf](P p) { return numberText(roundOf(p).BonusConsonants); });
+    addVariable("BonusPickCount", [roundOf](P p) { return numberText(roundOf(p).BonusPickCount); });
+    addIndexedVariable("BonusPicks", [roundOf](P p, int i, std::string& out) {
+        if (i < 0 || i >= 6)
+            return false;
+        out = numberText(roundOf(p).BonusPicks[static_cast<std::size_t>(i)]);
+        return true;
+    });
+    // The phrase tables by topic, 1 to 7: they outlive the form.
+    auto topicValue = [](auto field) {
+        return [field](P p, int i, std::string& out) {
+            if (i < 1 || i > PhraseSupply::kTopics)
+                return false;
+            out = numberText(field(p.gameValues<PhraseSupply>().record(i)));
+            return true;
+        };
+    };
+    addIndexedVariable("PhraseCount",
+                       topicValue([](const PhraseTopic& t) { return t.PhraseCount; }));
+    addIndexedVariable("PhrasePosition",
+                       topicValue([](const PhraseTopic& t) { return t.PhrasePosition; }));
+}
 
 // [Topic]: only the texts "0" to "7" choose a topic; anything else changes nothing.
 SettingBinding lettermineTopicSetting() {
@@ -39,6 +112,16 @@ GameInfo lettermineRow() {
     row.submitMinimum = 430000;
     row.submitSeconds = 45;
     row.seedScore = row.clearedSeedScore = 30000;
+    // The bonus round shows its number; the board stays at game over; "Game Over" goes.
+    row.bonusRoundCaption = "";
+    row.keepsBoardAtGameOver = true;
+    row.gameOverStays = false;
+    row.makeForm = [](Program& prog, const GameInfo& game) -> GameFrame& {
+        return prog.load<frmLettermine>(game);
+    };
+    if (makeLettermineBot)
+        row.bot = makeLettermineBot;
+    row.addVariables = addLettermineVariables;
     // Lettermine.Ini in the game's order, [Topic] twice. It has no Deck menu; DeckBack is
     // set all the same. Five values decide the custom mark; the wait, the count-down, the
     // topic and the time limit don't.

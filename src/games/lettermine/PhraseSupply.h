@@ -57,6 +57,9 @@ public:
     void SavePhraseFiles(Program& prog);
 
     PhraseTopic& record(int topic) { return topics_[static_cast<std::size_t>(topic - 1)]; }
+    const PhraseTopic& record(int topic) const {
+        return topics_[static_cast<std::size_t>(topic - 1)];
+    }
     static std::string FileText(const PhraseTopic& t);
 
 private:
