@@ -92,8 +92,13 @@ void ControlPeer::apply(Prop p) {
         // Repaint now, not later: the caller may be about to keep the thread busy.
         case Prop::Drawing: w->repaint(); break;
         case Prop::Focus:
-            if (!w->hasFocus())
+            // A control that is never shown takes the focus away from every other one.
+            if (!model_->visible()) {
+                if (QWidget* focused = w->window()->focusWidget())
+                    focused->clearFocus();
+            } else if (!w->hasFocus()) {
                 w->setFocus(Qt::OtherFocusReason);
+            }
             break;
         default: break;
     }
@@ -650,8 +655,10 @@ protected:
                 panel->setFixedWidth(panel->fontMetrics().horizontalAdvance("00:00:00 AM") + 16);
                 bar->addPermanentWidget(panel, 0);
             } else {
-                panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-                bar->addWidget(panel, 1);
+                // Room by the length of the texts: a long hint beside a short goal line keeps
+                // its words, and both shrink alike only when the window is too narrow.
+                panel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+                bar->addWidget(panel, 0);
             }
             panels_.push_back(panel);
         }

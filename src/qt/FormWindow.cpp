@@ -363,6 +363,9 @@ void FormWindow::refocus() {
     if (const QWidget* now = QApplication::focusWidget(); now && now->window() == this)
         return;
     Control* c = form_->activeControl();
+    // A hidden command with nothing to do holds the focus away from every button on purpose.
+    if (c && !c->visible() && !c->Click)
+        return;
     if (QWidget* w = c ? widgetOf(*c) : nullptr; w && w->isVisible() && w->isEnabled())
         return w->setFocus(Qt::OtherFocusReason);
     // Where that one can't take it, the next that can, as Tab would go.

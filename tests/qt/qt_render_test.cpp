@@ -593,6 +593,16 @@ TEST_F(QtRender, ProgressBarLineBorderAndThePlayCursorFollowTheModel) {
     EXPECT_TRUE(w.focusRing()->isVisible());
     press(button, Qt::Key_Space);
     EXPECT_EQ(std::tuple(cardClicks, goes), std::tuple(2, 2));
+
+    // A hidden command with nothing to do takes the focus from every button, and keeps
+    // it when a button is disabled and enabled again: Space clicks nothing by chance.
+    Control& dummy = form->addControl(ControlKind::CommandButton, "DummyCommand");
+    dummy.setVisible(false);
+    dummy.setFocus();
+    EXPECT_FALSE(button->hasFocus());
+    cmd.setEnabled(false);
+    cmd.setEnabled(true);
+    EXPECT_FALSE(button->hasFocus());
 }
 
 // The real program on the real platform, in a data folder of its own.

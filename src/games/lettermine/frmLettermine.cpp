@@ -53,7 +53,9 @@ frmLettermine::frmLettermine(Program& prog, const GameInfo& info)
       mnuTopic(addMenuAfter("mnuTopic", "T&opic Selection", mnuTime)),
       unhappyPicture_("SmileySad") {
     for (int i = 0; i < PhraseLayout::kCells; ++i) {
-        Control& cell = label(*this, "lblLetter", "", 14, true, colors::Blue, i, &fmPhrase);
+        // A white tile whose letter fills it, so the phrase reads from across the room.
+        Control& cell = label(*this, "lblLetter", "", 16, true, colors::Blue, i, &fmPhrase);
+        cell.setBackTransparent(false);
         cell.setBackColor(colors::White);
         cell.setBorder(true);
         cell.setVisible(false);
