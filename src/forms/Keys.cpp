@@ -81,6 +81,16 @@ bool playable(const Control& c) {
     return clicks && usable(&c);
 }
 
+Control* letterTarget(const Form& form, char letter) {
+    if (!form.keyboardPlay() || letter < 'A' || letter > 'Z')
+        return nullptr;
+    for (const auto& c : form.controls())
+        if (c->kind() == ControlKind::CommandButton && c->caption().size() == 1 &&
+            c->caption()[0] == letter && playable(*c))
+            return c.get();
+    return nullptr;
+}
+
 Control* playTarget(const Form& form, Key arrow) {
     if (!isArrow(arrow))
         return nullptr;

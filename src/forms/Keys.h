@@ -49,6 +49,10 @@ bool playable(const Control& control);
 // nowhere: no arrow key or nothing to visit.
 Control* playTarget(const Form& form, Key arrow);
 
+// In a form with keyboard play, the button a typed letter clicks: one that is shown,
+// enabled and captioned with that letter alone (an alphabet of buttons), or nullptr.
+Control* letterTarget(const Form& form, char letter);
+
 // "Enter", "Escape", "Tab", "Shift+Tab", "Space", "Left", "Right", "Up", "Down".
 const char* keyName(Key key);
 // A key by its name (case ignored; "Return", "Esc" and "Backtab" too).

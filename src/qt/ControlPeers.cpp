@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -18,6 +19,7 @@
 
 #include "forms/Form.h"
 #include "forms/Input.h"
+#include "qt/CardArt.h"
 #include "qt/FormWindow.h"
 #include "qt/PeerWidgets.h"
 
@@ -171,10 +173,29 @@ protected:
         return w;
     }
     void apply(Prop p) override {
-        if (p == Prop::Caption)
-            static_cast<QPushButton*>(widget_.data())->setText(qs(model_->caption()));
-        else
-            ControlPeer::apply(p);
+        switch (p) {
+            case Prop::Caption:
+                static_cast<QPushButton*>(widget_.data())->setText(qs(model_->caption()));
+                break;
+            case Prop::Picture: applyPicture(); break;
+            case Prop::Geometry:
+                ControlPeer::apply(p);
+                applyPicture();
+                break;
+            default: ControlPeer::apply(p);
+        }
+    }
+    // A picture button: the picture fills the button inside its edge, drawn at that size.
+    void applyPicture() {
+        auto* w = static_cast<QPushButton*>(widget_.data());
+        const std::string& picture = model_->picture();
+        if (picture.empty()) {
+            w->setIcon(QIcon());
+            return;
+        }
+        const QSize inside = (w->size() - QSize(12, 12)).expandedTo(QSize(1, 1));
+        w->setIconSize(inside);
+        w->setIcon(QIcon(CardArt::pixmap(picture, inside, w->devicePixelRatioF())));
     }
 };
 

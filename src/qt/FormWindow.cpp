@@ -451,7 +451,7 @@ bool FormWindow::playKey(QKeyEvent* e) {
         case Qt::Key_Space: key = Key::Space; break;
         case Qt::Key_Return:
         case Qt::Key_Enter: key = Key::Enter; break;
-        default: return false;
+        default: return typedLetter(e);
     }
     // A text box or a list keeps its keys, and with no cursor on show the focused button
     // takes Space as its own.
@@ -466,6 +466,27 @@ bool FormWindow::playKey(QKeyEvent* e) {
     platform_->deliverUserAction([self, key] {
         if (self && self->form_)
             userKey(*self->form_, key);
+    });
+    return true;
+}
+
+bool FormWindow::typedLetter(QKeyEvent* e) {
+    // A text box takes its letters; elsewhere a letter clicks the button that bears it.
+    const auto* box = dynamic_cast<const TextBox*>(form_->activeControl());
+    if (box && box->visible() && !box->locked())
+        return false;
+    if (e->key() < Qt::Key_A || e->key() > Qt::Key_Z || e->isAutoRepeat())
+        return false;
+    Control* target = letterTarget(*form_, static_cast<char>('A' + (e->key() - Qt::Key_A)));
+    if (!target)
+        return false;
+    e->accept();
+    QPointer<FormWindow> self(this);
+    QPointer<QWidget> widget(widgetOf(*target));
+    platform_->deliverUserAction([self, widget, target] {
+        // The button may have gone with its form before the action is delivered.
+        if (self && self->form_ && widget)
+            userClick(*target);
     });
     return true;
 }

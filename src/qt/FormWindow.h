@@ -100,6 +100,8 @@ private:
     // The arrows, and Space and Enter while the arrow-key cursor is on show: true when the
     // key went to the model.
     bool playKey(QKeyEvent* e);
+    // A letter key on a form whose buttons spell the alphabet: a click of that letter.
+    bool typedLetter(QKeyEvent* e);
     Control* controlOf(const QWidget* w) const;
     int menuBarHeight() const;
     QSize clientSizeFromModel() const;

@@ -5,9 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <filesystem>
 
 #include "common/FileStore.h"
 #include "common/Format.h"
+#include "forms/Keys.h"
 #include "games/lettermine/frmLettermine.h"
 #include "testkit/TestProgram.h"
 
@@ -15,8 +17,8 @@ namespace corvanna {
 
 namespace {
 
-// "Famous Phrases" (LMP.Dat) holds the given phrases behind a header, so they come in
-// file order: the position of 0 finds the empty first slot and goes on to the first line.
+// "Famous Phrases" (LMP.Dat) as the program writes it: a header, the phrases and a last
+// empty line. They come in file order: position 0 finds the empty first slot and goes on.
 struct Word {
     TestProgram t;
     frmLettermine& f;
@@ -34,6 +36,7 @@ struct Word {
         std::string text = "CURRENT_PHRASE_NUMBER=0\r\n";
         for (const std::string& p : phrases)
             text += p + "\r\n";
+        text += "\r\n";
         EXPECT_TRUE(writeFileAtomic(t.prog.filePath("LMP.Dat"), text));
         return static_cast<frmLettermine&>(t.openGame("frmLettermine"));
     }
@@ -76,7 +79,6 @@ struct Word {
     }
 };
 
-// The table's last slot is never reached before it is shuffled again: a spare line ends it.
 const std::vector<std::string> kTwo{"Big Cat", "Dry Run", "Jumping Frog", "Spare Line"};
 
 }  // namespace
@@ -297,6 +299,53 @@ TEST(Lettermine, TheBonusRoundPicksFiveConsonantsAndAVowelThenSolvesAgainstOneMi
     EXPECT_EQ(x.letter('R'), locked + 3000 + 10000 + 45 * 100);
     EXPECT_FALSE(x.g.GameInProgress);
     EXPECT_TRUE(count(x.shown, "Game Over"));
+}
+
+TEST(Lettermine, PauseHidesTheBoardEndGameRecordsNothingAndLeavingWritesThePhrases) {
+    Word x(kTwo);
+    x.play();
+    // A typed letter clicks its button; a vowel still shut and a paused board take none.
+    EXPECT_EQ(letterTarget(x.f, 'B'), x.f.cmdLetter[1]);
+    EXPECT_EQ(letterTarget(x.f, 'A'), nullptr);
+    x.t.fake.advance(2000);
+    x.t.click("frmLettermine", "cmdPause");
+    EXPECT_EQ(x.f.lblMessage.caption(), "Game Paused");
+    for (Control* c : {&x.f.fmPhrase, static_cast<Control*>(&x.f.ProgressBar1), x.f.cmdLetter[1],
+                       &x.f.frmGuess, x.f.lblCurrentRound})
+        EXPECT_FALSE(c->visible()) << c->fullName();
+    EXPECT_TRUE(x.f.lblCurrentScore.visible());
+    EXPECT_FALSE(x.f.cmdSolve.enabled());
+    EXPECT_EQ(letterTarget(x.f, 'B'), nullptr);
+    x.t.fake.advance(20000);
+    EXPECT_EQ(x.g.ElapsedSeconds, 2);
+    EXPECT_EQ(x.f.round.GuessIndex, 7);
+    // Resumed: the board back, the vowels still shut without a hit, both clocks running.
+    x.t.click("frmLettermine", "cmdPause");
+    EXPECT_TRUE(x.f.fmPhrase.visible() && x.f.cmdLetter[1]->enabled());
+    EXPECT_FALSE(x.f.cmdLetter[0]->enabled());
+    EXPECT_TRUE(x.f.cmdSolve.enabled());
+    EXPECT_TRUE(x.running(x.f.Timer1) && x.running(x.f.Timer5));
+
+    // End Game: the question, then nothing recorded and the topics open again.
+    const std::string table = x.t.file("Lettermine Hi Score Table 45.Txt");
+    x.t.fake.queueAnswer(MsgResult::Yes);
+    x.t.click("frmLettermine", "cmdPlay");
+    EXPECT_EQ(x.t.fake.messages().back(),
+              "You have a game in progress, are you sure you want to quit?");
+    EXPECT_FALSE(x.g.GameInProgress);
+    EXPECT_FALSE(x.running(x.f.Timer5));
+    EXPECT_FALSE(x.f.fmPhrase.visible() || x.f.cmdSolve.enabled());
+    EXPECT_TRUE(x.f.mnuTopic.enabled());
+    EXPECT_EQ(x.f.StatusBar1.panelText(1), "Welcome to Lettermine!");
+    EXPECT_EQ(x.t.file("Lettermine Hi Score Table 45.Txt"), table);
+
+    // Leaving writes the topic that was used, from the position reached, in lower case with
+    // a last empty line; a topic never used is not written.
+    x.t.leaveGame("frmLettermine");
+    EXPECT_EQ(
+        x.t.file("LMP.Dat"),
+        "CURRENT_PHRASE_NUMBER=2\r\nbig cat\r\ndry run\r\njumping frog\r\nspare line\r\n\r\n");
+    EXPECT_FALSE(std::filesystem::exists(x.t.prog.filePath("LMN.Dat")));
 }
 
 }  // namespace corvanna

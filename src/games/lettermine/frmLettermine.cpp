@@ -107,6 +107,7 @@ frmLettermine::frmLettermine(Program& prog, const GameInfo& info)
     ShowControls(false, true, false);
     ShowClockBox(true);
     ShowRoundBox(true);
+    lblHighScore.setVisible(true);
     lblMessage.bringToFront();
     if (lblScoring)
         lblScoring->bringToFront();
@@ -574,9 +575,4 @@ void frmLettermine::LayoutBoard(int left, int top, int width, int height) {
     PlaceMessage();
 }
 
-}  // namespace corvanna
-
-// TEMPORARY until the scoring dialog lands.
-namespace corvanna {
-__attribute__((weak)) void frmLettermine::mnuCustom_Click() {}
 }  // namespace corvanna
