@@ -138,32 +138,103 @@ TEST(Lettermine, TwoSolvedRoundsPayLettersSmileysCompletionAndTheSecondsLeft) {
 }
 
 TEST(Lettermine, TheLastMissRevealsThePhraseInRedAndTheRoundPaysNoBonus) {
-    Word x(kTwo);
-    lettermineValues(x.t.prog).GuessCount = 2;
+    // Eight misses with eight guesses; one with one, the other seven smileys untouched.
+    for (const int guesses : {8, 1}) {
+        SCOPED_TRACE(guesses);
+        Word x(kTwo);
+        lettermineValues(x.t.prog).GuessCount = static_cast<std::int16_t>(guesses);
+        x.play();
+        int untouched = 0;
+        for (int i = guesses; i < 8; ++i)
+            x.f.Guess[static_cast<std::size_t>(i)]->subscribe(
+                [&](Control&, Prop p) { untouched += p == Prop::Picture; });
+        x.found("B");
+        const std::int64_t letters = x.g.Score;
+        const std::string misses = "ZQXWVKJH";
+        for (int i = 0; i + 1 < guesses; ++i)
+            EXPECT_EQ(x.letter(misses[static_cast<std::size_t>(i)]), 0);
+        EXPECT_EQ(x.f.round.GuessIndex, 0);
+        // The C of "Cat" shows in red while the phrase stands; the next round clears it. A
+        // letter clicked meanwhile is held and finds the round over: it costs nothing.
+        std::vector<std::pair<std::string, Color>> revealed;
+        x.f.lblLetter[38]->subscribe([&](Control& c, Prop p) {
+            if (p == Prop::Caption)
+                revealed.emplace_back(c.caption(), c.foreColor());
+        });
+        x.t.fake.post([&] { x.f.cmdLetter['M' - 'A']->Click(); });
+        const auto before = x.t.fake.elapsedMs();
+        x.sounds();
+        EXPECT_EQ(x.letter('H'), 0);
+        ASSERT_FALSE(revealed.empty());
+        EXPECT_EQ(revealed.front(), std::pair(std::string("C"), colors::Red));
+        EXPECT_EQ(x.g.Score, letters);  // the letters stay; nothing more
+        // The phrase stands for ShowPhraseMs, then the next round is announced.
+        EXPECT_GE(x.t.fake.elapsedMs() - before, 5000 + 11 * 250);
+        const auto s = x.sounds();
+        EXPECT_EQ(count(s, "sound Chord.wav"), 1);
+        EXPECT_EQ(count(s, "sound Slide.wav"), 1);
+        EXPECT_EQ(count(s, "sound Snap.wav"), 0);
+        EXPECT_FALSE(count(x.shown, "Phrase Completion Bonus!"));
+        EXPECT_EQ(x.g.RoundNumber, 2);
+        EXPECT_EQ(x.f.PhrasesSolved, 0);
+        EXPECT_EQ(x.f.round.GuessIndex, guesses - 1);
+        EXPECT_TRUE(x.f.cmdLetter['M' - 'A']->enabled());
+        EXPECT_EQ(untouched, 0);
+    }
+}
+
+TEST(Lettermine, ALetterThreeTimesThenThreeSmileysAndTwentySecondsLeft) {
+    Word x({"Ta Ta Ta", "Dry Run", "Spare Line"});
     x.play();
-    x.found("B");
-    const std::int64_t letters = x.g.Score;
-    EXPECT_EQ(x.letter('Z'), 0);
-    EXPECT_EQ(x.f.Guess[1]->picture(), "SmileySad");
-    const auto before = x.t.fake.elapsedMs();
-    // The C of "Cat" is shown in red while the phrase stands; the next round clears it.
-    std::vector<std::pair<std::string, Color>> revealed;
-    x.f.lblLetter[38]->subscribe([&](Control& c, Prop p) {
-        if (p == Prop::Caption)
-            revealed.emplace_back(c.caption(), c.foreColor());
-    });
-    EXPECT_EQ(x.letter('Q'), 0);
-    ASSERT_FALSE(revealed.empty());
-    EXPECT_EQ(revealed.front(), std::pair(std::string("C"), colors::Red));
-    EXPECT_EQ(x.g.Score, letters);  // the letters stay; nothing more
-    // The phrase stands for ShowPhraseMs, then the next round is announced.
-    EXPECT_GE(x.t.fake.elapsedMs() - before, 5000 + 11 * 250);
-    const auto s = x.sounds();
-    EXPECT_EQ(count(s, "sound Slide.wav"), 1);
-    EXPECT_EQ(count(s, "sound Snap.wav"), 0);
-    EXPECT_FALSE(count(x.shown, "Phrase Completion Bonus!"));
-    EXPECT_EQ(x.g.RoundNumber, 2);
-    EXPECT_EQ(x.f.PhrasesSolved, 0);
+    EXPECT_EQ(x.cells(30, 44), "....??.??.??...");
+    // Five misses over 25 seconds, each in time for the letter timer: three smileys left.
+    for (const auto& [wait, miss] : std::vector<std::pair<int, char>>{
+             {8000, 'Q'}, {8000, 'W'}, {8000, 'X'}, {1000, 'Z'}, {0, 'V'}}) {
+        x.t.fake.advance(wait);
+        EXPECT_EQ(x.letter(miss), 0) << miss;
+    }
+    EXPECT_EQ(x.g.ElapsedSeconds, 25);
+    EXPECT_EQ(x.f.round.GuessIndex, 2);
+    const std::int64_t t = x.f.LetterValue;
+    EXPECT_EQ(x.letter('T'), 3 * t);
+    // A three times completes it: 3 x 3,000, then 10,000, then 20 x 100.
+    const std::int64_t a = x.f.LetterValue;
+    EXPECT_EQ(x.letter('A'), 3 * a + 9000 + 10000 + 2000);
+    EXPECT_EQ(x.g.Score, 3 * t + 3 * a + 21000);
+}
+
+TEST(Lettermine, TheBonusRoundNeedsTheScoreAndBothPhrasesSolved) {
+    // The score exactly at BonusRoundScore with both solved; a point short; one solved.
+    struct Case {
+        std::int64_t aboveScore;
+        bool solveFirst;
+        bool bonus;
+    };
+    for (const Case& c : {Case{0, true, true}, Case{1, true, false}, Case{-100000, false, false}}) {
+        SCOPED_TRACE(c.aboveScore);
+        Word x(kTwo);
+        x.play();
+        if (c.solveFirst) {
+            x.found("BGCTI");
+            x.letter('A');
+        } else {
+            x.t.click("frmLettermine", "cmdSolve");
+            x.letter('Z');
+        }
+        ASSERT_EQ(x.g.RoundNumber, 2);
+        x.found("DRNY");
+        // What U will bring: itself, eight smileys, 10,000 and 45 seconds.
+        const std::int64_t final = x.g.Score + x.f.LetterValue + 8 * 3000 + 10000 + 4500;
+        x.g.BonusRoundScore =
+            static_cast<std::int32_t>(std::max<std::int64_t>(1, final + c.aboveScore));
+        if (!c.bonus)
+            x.answerHighScore();
+        x.letter('U');
+        EXPECT_EQ(x.g.Score, final);
+        EXPECT_EQ(x.g.GameInProgress, c.bonus);
+        EXPECT_EQ(x.g.RoundNumber, 3);
+        EXPECT_EQ(count(x.shown, "Prepare for Bonus Round!"), c.bonus ? 1 : 0);
+    }
 }
 
 TEST(Lettermine, SolveItStopsTheClockLocksTheValueAndAWrongLetterEndsTheRound) {
