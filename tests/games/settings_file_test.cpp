@@ -10,6 +10,7 @@
 #include "common/FileStore.h"
 #include "games/GameRegistry.h"
 #include "games/lettermine/LettermineValues.h"
+#include "games/lettermine/PhraseSupply.h"
 #include "testkit/TestProgram.h"
 
 namespace corvanna {
@@ -199,13 +200,18 @@ TEST(SettingsFile, UnwritableFileGivesAMessageAndTheGameGoesOn) {
 TEST(SettingsFile, LettermineKeepsItsTopicAndItsCustomMarkByItsOwnRules) {
     TestProgram t;
     const std::string path = t.prog.filePath("Lettermine.Ini");
-    for (const auto& [text, topic, custom] :
-         {std::tuple{"[Topic]\r\n9\r\n\r\n[ShowPhrase]\r\n2000\r\n\r\n", 0, false},
-          std::tuple{"[Topic]\r\n5\r\n\r\n[Guess Count]\r\n5\r\n\r\n", 5, true}}) {
+    // A guess count past the eight smileys and a wait below nothing are passed over.
+    for (const auto& [text, topic, custom, guesses, showMs] :
+         {std::tuple{"[Topic]\r\n9\r\n\r\n[ShowPhrase]\r\n2000\r\n\r\n", 0, false, 8, 2000},
+          std::tuple{"[Topic]\r\n5\r\n\r\n[Guess Count]\r\n5\r\n\r\n", 5, true, 5, 5000},
+          std::tuple{"[Guess Count]\r\n9\r\n\r\n[ShowPhrase]\r\n-5\r\n\r\n", 0, false, 8, 5000}}) {
         ASSERT_TRUE(writeFileAtomic(path, text));
-        t.openGame("frmLettermine");
+        GameFrame& f = t.openGame("frmLettermine");
         EXPECT_EQ(lettermineValues(t.prog).CurrentTopic, topic) << text;
+        EXPECT_TRUE(f.find(PhraseSupply::topic(topic).menu)->checked()) << text;
         EXPECT_EQ(t.prog.state.CustomScoring, custom) << text;
+        EXPECT_EQ(lettermineValues(t.prog).GuessCount, guesses) << text;
+        EXPECT_EQ(lettermineValues(t.prog).ShowPhraseMs, showMs) << text;
         t.leaveGame("frmLettermine");
         const std::string written = t.file("Lettermine.Ini");
         const std::string key = "[Topic]\r\n" + std::to_string(topic) + "\r\n\r\n";
