@@ -289,6 +289,16 @@ void GameFrame::ShowControls(bool visible, bool second) {
     lblHighScore.setVisible(visible);
 }
 
+Control& GameFrame::AddLabel(const std::string& name, const std::string& caption, double size,
+                             bool bold, Color color, int index, Control* parent) {
+    Control& l = add<Control>(ControlKind::Label, name, index, parent);
+    l.setCaption(caption);
+    l.setFont(size, bold);
+    l.setForeColor(color);
+    l.setAlignment(Align::Center);
+    return l;
+}
+
 void GameFrame::ShowClockBox(bool visible) {
     for (Control* c : std::initializer_list<Control*>{&Surface, &TimerRectangle, &TimerBevelBottom,
                                                       &TimerBevelSide, &lblTime})

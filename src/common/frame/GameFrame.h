@@ -242,6 +242,9 @@ public:
     Menu& mnuAbout;
 
 protected:
+    // A centred label of the game's own, in a control array when index >= 0.
+    Control& AddLabel(const std::string& name, const std::string& caption, double size, bool bold,
+                      Color color, int index = -1, Control* parent = nullptr);
     // Enables or disables Play, Pause, Take Score and Exit with their menus.
     void EnableCommands(bool enabled);
     // All of those but Pause: what a pause locks (a game may lock more).

@@ -20,17 +20,6 @@ Control& image(Form& f, const std::string& name, int index = -1) {
     return c;
 }
 
-Control& label(Form& f, const std::string& name, const std::string& caption, double size, bool bold,
-               Color color, int index = -1, Control* parent = nullptr) {
-    Control& l = f.add<Control>(ControlKind::Label, name, index, parent);
-    l.setCaption(caption);
-    l.setFont(size, bold);
-    l.setForeColor(color);
-    l.setAlignment(Align::Center);
-    l.setBackTransparent(true);
-    return l;
-}
-
 Control& button(Form& f, const std::string& name, const std::string& caption, int index = -1) {
     Control& b = f.add<Control>(ControlKind::CommandButton, name, index, nullptr);
     b.setCaption(caption);
@@ -59,14 +48,14 @@ frmFivestack::frmFivestack(Program& prog, const GameInfo& info)
       NextCardPicture(image(*this, "NextCardPicture")),
       PlayCardPicture(image(*this, "PlayCardPicture")),
       lblCurrentRoundScore(
-          label(*this, "lblCurrentRoundScore", "Card Total:", 10, true, colors::White)),
-      lblCurrentTotal(label(*this, "lblCurrentTotal", "0", 20, true, colors::Red)),
-      lblTimeBonus(label(*this, "lblTimeBonus", "", 11, true, colors::White)),
+          AddLabel("lblCurrentRoundScore", "Card Total:", 10, true, colors::White)),
+      lblCurrentTotal(AddLabel("lblCurrentTotal", "0", 20, true, colors::Red)),
+      lblTimeBonus(AddLabel("lblTimeBonus", "", 11, true, colors::White)),
       cmdGiveUp(button(*this, "cmdGiveUp", "&Give Up")),
       cmdPass(button(*this, "cmdPass", "&Pass")),
       frmScore(add<Control>(ControlKind::Frame, "frmScore", -1, nullptr)),
-      ScoringLabelInfo(label(*this, "ScoringLabelInfo", "", 11, true, colors::Black)),
-      ScoringLabelRoundTotal(label(*this, "ScoringLabelRoundTotal", "", 12, true, colors::Black)),
+      ScoringLabelInfo(AddLabel("ScoringLabelInfo", "", 11, true, colors::Black)),
+      ScoringLabelRoundTotal(AddLabel("ScoringLabelRoundTotal", "", 12, true, colors::Black)),
       ScoringLabelOutline(add<Shape>("ScoringLabelOutline", -1, nullptr)) {
     for (int c = 0; c < FivestackBoard::kColumns; ++c) {
         const std::string name = "Column" + std::to_string(c + 1);
@@ -75,18 +64,18 @@ frmFivestack::frmFivestack(Program& prog, const GameInfo& info)
         cmdHit[c] = &button(*this, "cmdHit", "Hit", c);
         cmdHit[c]->Click = [this, c] { cmdHit_Click(c); };
         cmdHit[c]->setToolTipText("Places the card on offer in this column");
-        ColumnTotal[c] = &label(*this, "ColumnTotal", "0", 12, true, colors::White, c);
-        ColumnSoft[c] = &label(*this, "ColumnSoft", "", 9, true, colors::Yellow, c);
+        ColumnTotal[c] = &AddLabel("ColumnTotal", "0", 12, true, colors::White, c);
+        ColumnSoft[c] = &AddLabel("ColumnSoft", "", 9, true, colors::Yellow, c);
     }
     frmScore.setCaption("Card Total Value");
     // A light card for the table, so its black rows and the red marked one read at a glance.
     frmScore.setForeColor(colors::Black);
     frmScore.setBackColor(0xE8F4EC);
     for (int i = 0; i < 10; ++i) {
-        TotalLabel[i] = &label(*this, kTable[i].totalName, kTable[i].total, 9, false, colors::Black,
-                               -1, &frmScore);
-        ValueLabel[i] = &label(*this, kTable[i].valueName, kTable[i].value, 9, false, colors::Black,
-                               -1, &frmScore);
+        TotalLabel[i] =
+            &AddLabel(kTable[i].totalName, kTable[i].total, 9, false, colors::Black, -1, &frmScore);
+        ValueLabel[i] =
+            &AddLabel(kTable[i].valueName, kTable[i].value, 9, false, colors::Black, -1, &frmScore);
     }
     frmScore.setVisible(false);
     PlayCardPicture.setPicture(prog.pictures.picture("FULL"));

@@ -16,16 +16,6 @@ constexpr int kLetterTimerMs = 90;
 constexpr int kSolvedWaitMs = 2000;
 constexpr int kGuessBonusWaitMs = 400;
 
-Control& label(Form& f, const std::string& name, const std::string& caption, double size, bool bold,
-               Color color, int index = -1, Control* parent = nullptr) {
-    Control& l = f.add<Control>(ControlKind::Label, name, index, parent);
-    l.setCaption(caption);
-    l.setFont(size, bold);
-    l.setForeColor(color);
-    l.setAlignment(Align::Center);
-    return l;
-}
-
 Control& frame(Form& f, const std::string& name, const std::string& caption, Color fore,
                Color back) {
     Control& c = f.add<Control>(ControlKind::Frame, name, -1, nullptr);
@@ -46,15 +36,14 @@ frmLettermine::frmLettermine(Program& prog, const GameInfo& info)
       Timer5(add<Timer>("Timer5", -1, kLetterTimerMs)),
       cmdSolve(add<Control>(ControlKind::CommandButton, "cmdSolve", -1, nullptr)),
       mnuSolve(addMenuAfter("mnuSolve", "Solve &It", mnuPlay)),
-      lblLetterValue(
-          label(*this, "lblLetterValue", "Next Letter is worth:", 9, true, colors::White)),
+      lblLetterValue(AddLabel("lblLetterValue", "Next Letter is worth:", 9, true, colors::White)),
       txtLetterValue(add<TextBox>("txtLetterValue", -1, nullptr)),
       DummyCommand(add<Control>(ControlKind::CommandButton, "DummyCommand", -1, nullptr)),
       mnuTopic(addMenuAfter("mnuTopic", "T&opic Selection", mnuTime)),
       unhappyPicture_("SmileySad") {
     for (int i = 0; i < PhraseLayout::kCells; ++i) {
         // A white tile whose letter fills it, so the phrase reads from across the room.
-        Control& cell = label(*this, "lblLetter", "", 16, true, colors::Blue, i, &fmPhrase);
+        Control& cell = AddLabel("lblLetter", "", 16, true, colors::Blue, i, &fmPhrase);
         cell.setBackTransparent(false);
         cell.setBackColor(colors::White);
         cell.setBorder(true);
