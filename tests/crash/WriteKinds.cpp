@@ -147,6 +147,31 @@ std::vector<Kind> allKinds() {
         k.script.push_back(s);
         kinds.push_back(k);
     }
+    {
+        // Lettermine writes the phrase file of each topic it read as its form closes: the
+        // order it shuffled and the place it reached, one phrase further at each round.
+        const Session round{"click frmSelect.cmdLettermine", "click frmLettermine.cmdPlay",
+                            "answer Yes", "click frmLettermine.cmdExit"};
+        // The first round chooses the topic, which Lettermine.Ini keeps from then on.
+        Session first = round;
+        first.insert(first.begin() + 1, "click frmLettermine.mnuPhrases");
+        Kind k{"phrases",
+               "LMP.Dat",
+               {first},
+               {},
+               {"click frmSelect.cmdLettermine", "click frmLettermine.cmdPlay", "log"},
+               "",
+               {{"LMP.Dat",
+                 "Better Late Than Never\r\nA Stitch In Time Saves Nine\r\nRock 'n' Roll "
+                 "4-Ever!\r\nThe Early Bird Catches The Worm\r\nActions Speak Louder Than "
+                 "Words\r\nA Penny Saved Is A Penny Earned\r\nEvery Cloud Has A Silver "
+                 "Lining\r\nWhere There's Smoke There's Fire\r\n"}}};
+        Session s;
+        for (int i = 0; i < 12; ++i)
+            s.insert(s.end(), round.begin(), round.end());
+        k.script.push_back(s);
+        kinds.push_back(k);
+    }
     return kinds;
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace killwrites {
@@ -18,6 +19,8 @@ struct Kind {
     std::vector<Session> script;   // the writes the kills land in
     Session check;                 // the next start, which reads the target
     std::string expectedMsgBox;    // the one message box the check shows, when reading says so
+    // Files the folder holds before the first prepare session: name and bytes.
+    std::vector<std::pair<std::string, std::string>> files = {};
 };
 
 std::vector<Kind> allKinds();

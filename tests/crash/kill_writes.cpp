@@ -3,8 +3,8 @@
 // wrote (or the one before), the next start reads it without a message, and nothing the
 // cut write left behind survives that start.
 //
-//   kill_writes --drive PATH [--kills N] [--kind settings|fivestack|user|played|table|saved]
-//   [--seed S]
+//   kill_writes --drive PATH [--kills N]
+//   [--kind settings|fivestack|user|played|table|saved|phrases]... [--seed S]
 //
 // CTest runs it as CrashSafeWrites.KilledDuringEachKindOfWrite, 50 kills a kind. For the
 // long run, 1,000 kills of each kind (five to fifteen minutes, as busy as the disk is):
@@ -417,6 +417,8 @@ private:
     bool prepare(const Kind& kind, const fs::path& initial) {
         const RunDirs dirs(work_ / ("prepare-" + kind.name));
         dirs.make();
+        for (const auto& [name, bytes] : kind.files)
+            writeFile(dirs.data / name, bytes);
         for (std::size_t i = 0; i < kind.prepare.size(); ++i)
             if (!runToEnd(kind, dirs, kind.prepare[i], "preparing, start " + std::to_string(i + 1)))
                 return false;
@@ -621,7 +623,7 @@ int usage(const char* why) {
     std::fprintf(stderr,
                  "kill_writes: %s\n"
                  "usage: kill_writes --drive PATH [--kills N] "
-                 "[--kind settings|fivestack|user|played|table|saved]... [--seed S]\n",
+                 "[--kind settings|fivestack|user|played|table|saved|phrases]... [--seed S]\n",
                  why);
     return 2;
 }

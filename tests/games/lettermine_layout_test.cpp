@@ -41,6 +41,8 @@ TEST(PhraseLayout, RowsAreWrappedCentredAndPlacedTowardsTheMiddle) {
     // Fifteen letters are refused, wherever the word stands.
     EXPECT_TRUE(LayoutPhrase("ABCDEFGHIJKLMNO", l));
     EXPECT_TRUE(LayoutPhrase("GO TO THE ABCDEFGHIJKLMNOP NOW", l));
+    // Also where it would start a row and fill it exactly, so that nothing wraps it.
+    EXPECT_TRUE(LayoutPhrase("GO TO THE ABCDEFGHIJKLMNO NOW", l));
 
     // Punctuation and digits are on view from the start and count as cells.
     ASSERT_FALSE(LayoutPhrase("Rock 'n' Roll 4-Ever!", l));
@@ -70,6 +72,14 @@ TEST(PhraseLayout, TheLetterValueCeilingFollowsTheCellsAndNinetyCellsAreTooMany)
     for (int r = 1; r < 6; ++r)
         full += " AAAAAAA BBBBBBB";
     EXPECT_TRUE(LayoutPhrase(full, l));
+    // Six rows whose last is centred by one blank into cell 89: exactly 90 cells, refused;
+    // one letter fewer leaves the last cell free.
+    const std::string ninety =
+        "AAAAAAA BBBBBBB AAAAAAA BBBBBBB AAAAAAA BBBBBBB AAAAAAA BBBBBBB "
+        "AAAAAAAAAAAA CCCCCCC DDDDDD";
+    EXPECT_TRUE(LayoutPhrase(ninety, l));
+    ASSERT_FALSE(LayoutPhrase(ninety.substr(0, ninety.size() - 1), l));
+    EXPECT_EQ(l.text.size(), 89u);
     EXPECT_TRUE(LayoutPhrase("   ", l));
 }
 

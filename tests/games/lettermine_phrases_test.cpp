@@ -136,6 +136,16 @@ TEST(PhraseSupply, AUselessFileOrAPositionPastItsEndNeverHangsTheRound) {
     EXPECT_TRUE(phrase == "the harbour" || phrase == "the hills") << phrase;
     EXPECT_EQ(caption, "Topic: Places");
     EXPECT_EQ(t.fake.messages().size(), 1u);
+
+    // A file that can't be read (here a folder of its name) is named once, and the round is
+    // played on the built-in sentence.
+    std::filesystem::create_directory(t.prog.filePath("LMP.Dat"));
+    t.fake.queueAnswer(MsgResult::OK);
+    topic = 3;
+    EXPECT_EQ(supply.GetPlayablePhrase(t.prog, topic, caption, layout),
+              PhraseSupply::kMissingPhrase);
+    ASSERT_EQ(t.fake.messages().size(), 2u);
+    EXPECT_NE(t.fake.messages()[1].find(t.prog.filePath("LMP.Dat")), std::string::npos);
 }
 
 // Every phrase shipped lays out on the board, none repeats in any topic, and each topic

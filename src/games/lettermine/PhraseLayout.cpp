@@ -24,6 +24,12 @@ void dropLeadingBlanks(std::string& t, int rowFirst) {
 
 bool LayoutPhrase(const std::string& phrase, PhraseLayout& out) {
     constexpr int W = PhraseLayout::kColumns;
+    // A word as long as a row is refused wherever it stands, also where it would fill a row
+    // exactly and so never be wrapped.
+    int run = 0;
+    for (char c : phrase)
+        if ((run = c == ' ' ? 0 : run + 1) >= W)
+            return true;
     std::string t = phrase;
     int rowEnd = W - 1;
     int breakPos = 0;
@@ -65,7 +71,8 @@ bool LayoutPhrase(const std::string& phrase, PhraseLayout& out) {
         t.insert(0, 2 * W, ' ');
     else if (lead == '4' || lead == '5')
         t.insert(0, W, ' ');
-    if (static_cast<int>(t.size()) > PhraseLayout::kCells)
+    // A text that reaches the last cell is refused: 89 characters at most.
+    if (static_cast<int>(t.size()) >= PhraseLayout::kCells)
         return true;
 
     out = PhraseLayout{};

@@ -159,6 +159,13 @@ std::string PhraseSupply::GetPlayablePhrase(Program& prog, std::int16_t currentT
         const std::string phrase = GetNextPhrase(prog, currentTopic, caption);
         if (!phrase.empty() && phrase.size() <= 90 && !LayoutPhrase(phrase, layout))
             return phrase;
+        // A file that could not be read has been named once; asking again would only name
+        // it again, so this round is played on the built-in sentence.
+        for (int k = 1; phrase.empty() && k <= kTopics; ++k)
+            if (caption == topic(k).frameCaption && !record(k).PhrasesLoaded) {
+                LayoutPhrase(kMissingPhrase, layout);
+                return kMissingPhrase;
+            }
         // Two whole passes through every table that can be drawn from, and none would do.
         bool allRead = true;
         long slots = 0;
