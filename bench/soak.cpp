@@ -121,7 +121,12 @@ public:
           game_(game),
           prog_(fake_, dir_.path().toStdString(), settings.seed),
           select_(startSelector(prog_)),
-          rng_(settings.seed) {}
+          rng_(settings.seed) {
+#ifdef CORVANNA_SHIPPED_DIR
+        // What the build ships beside the program: Lettermine's phrase files, the sounds.
+        prog_.setAssetsDir(CORVANNA_SHIPPED_DIR);
+#endif
+    }
 
     int run();
 
