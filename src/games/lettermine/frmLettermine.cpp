@@ -206,9 +206,9 @@ void frmLettermine::ShowPickMessage(const std::string& text) {
 
 void frmLettermine::PlaceMessage() {
     if (messageOverGuesses_) {
-        // Over the smileys and Solve It, which the picking phase hides or disables.
-        const int right = cmdSolve.left() + cmdSolve.width();
-        lblMessage.move(frmGuess.left(), frmGuess.top(), right - frmGuess.left(),
+        // Over the smileys and the letter value, which the picking phase hides.
+        const int right = frmGuess.left() + frmGuess.width();
+        lblMessage.move(lblLetterValue.left(), frmGuess.top(), right - lblLetterValue.left(),
                         frmGuess.height());
     } else if (messageWidth_ > 0) {
         lblMessage.move(messageLeft_, messageTop_, messageWidth_, messageHeight_);
