@@ -158,14 +158,16 @@ TEST(Rules, TheDialogPausesAsTheGameDoesAndChangesNoSetting) {
     t.click("frmDuomatch", "cmdPause");
     EXPECT_EQ(settingsText(table, t.prog, &f), settings);
 
-    // A click on Rules or About while the round's end is being paid is held, and then
-    // finds the end of the round done: no dialog opens over it.
+    // A click on Rules, About or Clear High Scores while the round's end is being paid is
+    // held, and then finds the end of the round done: no dialog or question opens over it.
     int delivered = 0;
-    for (Menu* m : {&f.mnuRules, &f.mnuAbout})
+    for (Menu* m : {&f.mnuRules, &f.mnuAbout, &f.mnuClearHighScores})
         t.fake.post([&, m] { delivered += userClick(*m); });
     t.fake.takeLog();
+    const auto asked = t.fake.messages().size();
     t.click("frmDuomatch", "cmdTakeScore");
-    EXPECT_EQ(delivered, 2);
+    EXPECT_EQ(delivered, 3);
+    EXPECT_EQ(t.fake.messages().size(), asked);
     EXPECT_EQ(only(t.fake.takeLog(), {"show frmRules", "show frmAbout"}),
               std::vector<std::string>{});
     EXPECT_TRUE(t.fake.takeErrors().empty());

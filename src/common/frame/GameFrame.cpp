@@ -212,7 +212,8 @@ void GameFrame::wireHandlers() {
     mnuRules.Click = dialog(&SharedDialogs::rules);
     mnuViewHighScores.Click = dialog(&SharedDialogs::viewHighScores);
     mnuClearHighScores.Click = [this] {
-        if (prog_.dialogs.clearHighScores)
+        // Not over a round half paid either: the table it would clear is about to be ranked.
+        if (prog_.dialogs.clearHighScores && !endingRound())
             prog_.dialogs.clearHighScores();
     };
     QueryUnload = [this](bool& cancel) { Form_Unload(cancel); };
