@@ -8,6 +8,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -101,6 +102,22 @@ public:
     template <class T>
     const T& gameValues() const {
         return valuesOf<T>();
+    }
+    // Where a value of the settings or the rules text lives: the program-wide variables
+    // (AppState) or a game's own values.
+    template <class Store>
+    Store& storeOf() {
+        if constexpr (std::is_same_v<Store, AppState>)
+            return state;
+        else
+            return gameValues<Store>();
+    }
+    template <class Store>
+    const Store& storeOf() const {
+        if constexpr (std::is_same_v<Store, AppState>)
+            return state;
+        else
+            return gameValues<Store>();
     }
 
     // The saved game the program was started with, handed out once.

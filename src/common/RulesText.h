@@ -5,7 +5,6 @@
 
 #include <functional>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 #include "common/Format.h"
@@ -44,27 +43,17 @@ struct RulesText {
     std::string build(const Program& prog) const;
 };
 
-namespace detail {
-template <class Store>
-const Store& rulesStore(const Program& prog) {
-    if constexpr (std::is_same_v<Store, AppState>)
-        return prog.state;
-    else
-        return prog.gameValues<Store>();
-}
-}  // namespace detail
-
 // A whole number in force in plain digits, and in the score format.
 template <class Store, class T>
 RulesPiece plain(T Store::*member) {
     return RulesPiece([member](const Program& prog) {
-        return std::to_string(static_cast<long long>(detail::rulesStore<Store>(prog).*member));
+        return std::to_string(static_cast<long long>(prog.storeOf<Store>().*member));
     });
 }
 template <class Store, class T>
 RulesPiece score(T Store::*member) {
     return RulesPiece([member](const Program& prog) {
-        return formatScore(static_cast<std::int64_t>(detail::rulesStore<Store>(prog).*member));
+        return formatScore(static_cast<std::int64_t>(prog.storeOf<Store>().*member));
     });
 }
 RulesPiece title();    // AppTitle

@@ -94,16 +94,6 @@ struct SettingBinding {
 
 using SettingTable = std::vector<SettingBinding>;
 
-namespace detail {
-template <class Store>
-Store& settingStore(Program& prog) {
-    if constexpr (std::is_same_v<Store, AppState>)
-        return prog.state;
-    else
-        return prog.gameValues<Store>();
-}
-}  // namespace detail
-
 // A key bound to a member of the program-wide variables (AppState) or of a game's own
 // values (Program::gameValues): the type and width follow the member's.
 template <class Store, class T>
@@ -111,7 +101,7 @@ SettingBinding setting(std::string key, T Store::*member, std::type_identity_t<T
     SettingBinding b;
     b.key = std::move(key);
     b.variable = [member](Program& prog) -> SettingBinding::Variable {
-        return &(detail::settingStore<Store>(prog).*member);
+        return &(prog.storeOf<Store>().*member);
     };
     if constexpr (std::is_same_v<T, bool>) {
         b.type = SettingType::Truth;
