@@ -172,6 +172,9 @@ public:
     void StartRoundTimer(Timer& timer);
     // A round is on and its clock may run: neither paused nor being scored.
     bool roundRunning() const { return g_.GameInProgress && !isPaused() && !g_.TakingScore; }
+    // A move on the board that arrives while no round takes one: paused, scored, being
+    // ended (a click held through its waits) or over.
+    bool refusingClicks() const { return !roundRunning() || endingRound(); }
 
     // A second of the round gone, and the pie clock drawn for it: the first step of every
     // game's tick. False when there is no time limit to count against.

@@ -110,10 +110,6 @@ FivestackValues& frmFivestack::values() {
     return fivestackValues(prog_);
 }
 
-bool frmFivestack::refusingClicks() const {
-    return g_.TakingScore || endingRound() || !g_.GameInProgress || isPaused();
-}
-
 // ---- The board
 
 bool frmFivestack::Deal() {

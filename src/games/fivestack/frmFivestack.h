@@ -74,8 +74,6 @@ public:
     void mnuCustom_Click();
 
 private:
-    // A Hit, Pass or Give Up that arrives while a round is scored, paused or over.
-    bool refusingClicks() const;
     // The board's card into its image, the totals and the card on offer.
     void PaintColumn(int column);
     void ShowCardTotal();

@@ -83,7 +83,6 @@ frmLettermine::frmLettermine(Program& prog, const GameInfo& info)
     txtLetterValue.setFont(12, true);
     txtLetterValue.setForeColor(colors::Blue);
     txtLetterValue.setBackColor(colors::White);
-    lblLetterValue.setBackTransparent(true);
     DummyCommand.setVisible(false);
     mnuCustom.Click = [this] { mnuCustom_Click(); };
     // A moved message goes back over the board with its next text.
@@ -110,10 +109,6 @@ LettermineValues& frmLettermine::values() {
 
 PhraseSupply& frmLettermine::phrases() {
     return prog_.gameValues<PhraseSupply>();
-}
-
-bool frmLettermine::refusingClicks() const {
-    return g_.TakingScore || endingRound() || !g_.GameInProgress || isPaused();
 }
 
 // ---- Painting the round

@@ -94,8 +94,6 @@ protected:
 
 private:
     bool bonusRound() const { return g_.RoundNumber >= 3; }
-    // A click that arrives while no round takes letters: paused, scored, over.
-    bool refusingClicks() const;
     // An ordinary pick; true when it ended the round.
     bool PickLetter(int index);
     // The bonus round's picking phase.
