@@ -11,16 +11,6 @@ namespace corvanna {
 
 namespace {
 
-void showScore(GameFrame& f) {
-    f.lblCurrentScore.setCaption(formatScore(f.program().state.Score));
-    f.lblCurrentScore.refresh();
-}
-
-void addToScore(GameFrame& f, std::int64_t amount) {
-    corvanna::addToScore(f.program().state.Score, amount);
-    showScore(f);
-}
-
 void showTotal(GameFrame& f, std::int64_t total, Color colour) {
     if (!f.lblScoring)
         return;
@@ -35,7 +25,7 @@ void centreOnForm(GameFrame& f, Control& c) {
 
 // One step of a count-up: the score up, the amount left down, a snap and a short wait.
 void payStep(GameFrame& f, std::int64_t& total, std::int64_t stepValue) {
-    addToScore(f, stepValue);
+    f.AddToScore(stepValue);
     total -= stepValue;
     showTotal(f, total, colors::Black);
     if (f.program().state.SoundsOn)
@@ -92,7 +82,7 @@ void SpeedBonus(GameFrame& f, std::int32_t secondValue) {
             payStep(f, total, stepValue);
         }
     } else {
-        addToScore(f, total);
+        f.AddToScore(total);
     }
     endCountUp(f);
 }
@@ -127,7 +117,7 @@ void CountBonus(GameFrame& f, std::int32_t count, std::int32_t value, const std:
             payStep(f, total, stepValue);
         }
     } else {
-        addToScore(f, total);
+        f.AddToScore(total);
     }
     endCountUp(f);
 }
@@ -153,7 +143,7 @@ void PayInSteps(GameFrame& f, const Payment& p) {
         for (int i = 0; i < p.steps; ++i) {
             if (p.eachStep)
                 p.eachStep();
-            addToScore(f, p.step);
+            f.AddToScore(p.step);
             left -= p.step;
             message.setCaption(p.text(left));
             message.refresh();
@@ -167,7 +157,7 @@ void PayInSteps(GameFrame& f, const Payment& p) {
     } else {
         if (p.whole)
             p.whole();
-        addToScore(f, p.atOnce);
+        f.AddToScore(p.atOnce);
     }
     f.program().platform.sleep(p.afterMs);
 }

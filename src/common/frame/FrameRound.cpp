@@ -355,6 +355,12 @@ void GameFrame::ShowHighScore() {
         prog_.dialogs.showHighScoreLabel(*this);
 }
 
+void GameFrame::AddToScore(std::int64_t amount) {
+    addToScore(g_.Score, amount);
+    lblCurrentScore.setCaption(formatScore(g_.Score));
+    lblCurrentScore.refresh();
+}
+
 void GameFrame::FlashMessage(int times) {
     for (int i = 0; i < times; ++i) {
         lblMessage.setForeColor(lblMessage.foreColor() == colors::Red ? colors::Black

@@ -179,6 +179,8 @@ public:
     // A second of the round gone, and the pie clock drawn for it: the first step of every
     // game's tick. False when there is no time limit to count against.
     bool AdvanceRoundClock();
+    // Adds to Score, held at the ends of its range, and shows it at once.
+    void AddToScore(std::int64_t amount);
     // Flashes the message label red and black, the row's period a swap.
     void FlashMessage(int times);
     void PlayWaveFile(const std::string& file);

@@ -291,9 +291,7 @@ bool frmLettermine::PickLetter(int index) {
         Control& c = *lblLetter[static_cast<std::size_t>(cell)];
         c.setCaption(round.board.caption[static_cast<std::size_t>(cell)]);
         c.setVisible(true);
-        g_.Score += LetterValue;
-        lblCurrentScore.setCaption(formatScore(g_.Score));
-        lblCurrentScore.refresh();
+        AddToScore(LetterValue);
     }
     ProgressBar1.setValue(ProgressBar1.min());
     bool ended = false;
@@ -429,9 +427,7 @@ void frmLettermine::AwardRoundBonuses() {
     for (int i = round.GuessIndex; i >= 0; --i) {
         round.blankGuess(i);
         PaintGuess(i);
-        g_.Score += v.GuessBonus;
-        lblCurrentScore.setCaption(formatScore(g_.Score));
-        lblCurrentScore.refresh();
+        AddToScore(v.GuessBonus);
         PlayWaveFile("Snap.wav");
         prog_.platform.sleep(kGuessBonusWaitMs);
     }
