@@ -113,12 +113,15 @@ PhraseSupply& frmLettermine::phrases() {
 
 // ---- Painting the round
 
+void frmLettermine::PaintCell(std::size_t cell) {
+    lblLetter[cell]->setCaption(round.board.caption[cell]);
+    lblLetter[cell]->setVisible(round.board.shown[cell]);
+}
+
 void frmLettermine::PaintBoard() {
-    for (int i = 0; i < PhraseLayout::kCells; ++i) {
-        Control& cell = *lblLetter[static_cast<std::size_t>(i)];
-        cell.setForeColor(colors::Blue);
-        cell.setCaption(round.board.caption[static_cast<std::size_t>(i)]);
-        cell.setVisible(round.board.shown[static_cast<std::size_t>(i)]);
+    for (std::size_t i = 0; i < PhraseLayout::kCells; ++i) {
+        lblLetter[i]->setForeColor(colors::Blue);
+        PaintCell(i);
     }
 }
 
@@ -136,9 +139,12 @@ void frmLettermine::PaintGuess(int index) {
     img.refresh();
 }
 
+std::size_t frmLettermine::phraseCells() const {
+    return std::min<std::size_t>(round.board.text.size(), PhraseLayout::kCells);
+}
+
 void frmLettermine::ColourPhrase(Color color) {
-    const std::size_t cells = std::min<std::size_t>(round.board.text.size(), PhraseLayout::kCells);
-    for (std::size_t i = 0; i < cells; ++i)
+    for (std::size_t i = 0; i < phraseCells(); ++i)
         lblLetter[i]->setForeColor(color);
 }
 
@@ -288,9 +294,7 @@ bool frmLettermine::PickLetter(int index) {
     PaintLetters();
     // Each occurrence pays the value on show when the letter was clicked.
     for (int cell : p.cells) {
-        Control& c = *lblLetter[static_cast<std::size_t>(cell)];
-        c.setCaption(round.board.caption[static_cast<std::size_t>(cell)]);
-        c.setVisible(true);
+        PaintCell(static_cast<std::size_t>(cell));
         AddToScore(LetterValue);
     }
     ProgressBar1.setValue(ProgressBar1.min());
@@ -388,13 +392,9 @@ void frmLettermine::LoseToLetterTimer() {
 
 void frmLettermine::Reveal() {
     round.reveal();
-    const std::size_t cells = std::min<std::size_t>(round.board.text.size(), PhraseLayout::kCells);
-    for (std::size_t i = 0; i < cells; ++i) {
-        Control& c = *lblLetter[i];
-        c.setForeColor(colors::Red);
-        c.setCaption(round.board.caption[i]);
-        c.setVisible(round.board.shown[i]);
-    }
+    ColourPhrase(colors::Red);
+    for (std::size_t i = 0; i < phraseCells(); ++i)
+        PaintCell(i);
     fmPhrase.refresh();
     PlayWaveFile("Slide.wav");
     prog_.platform.sleep(std::max<int>(0, values().ShowPhraseMs));

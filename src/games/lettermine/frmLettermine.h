@@ -105,6 +105,9 @@ private:
     // The letter timer ran full with nothing left to lose: the round is lost.
     void LoseToLetterTimer();
     void DrawLetterValue();
+    // A cell's caption and whether it shows, from the round; the cells the phrase covers.
+    void PaintCell(std::size_t cell);
+    std::size_t phraseCells() const;
     void PaintBoard();
     void PaintLetters();
     void PaintGuess(int index);
