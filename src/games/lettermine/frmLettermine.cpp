@@ -515,12 +515,16 @@ void frmLettermine::LayoutBoard(int left, int top, int width, int height) {
     DesignScale d = DesignScale::fit(width, height, kW, kH);
     d.ox += left;
     d.oy += top;
+    // Where a row of count pieces, each w wide and step apart, starts centred in a width.
+    auto centred = [](int within, int count, int w, int step) {
+        return (within - ((count - 1) * step + w)) / 2;
+    };
 
     // Six rows of fifteen cells in the phrase frame.
     constexpr int cellW = 400, cellH = 440, cellStep = 415, rowStep = 455;
     d.place(fmPhrase, 0, 0, kW, 3150);
     const DesignScale in = d.inside();
-    const int cellsLeft = (kW - (PhraseLayout::kColumns * cellStep - (cellStep - cellW))) / 2;
+    const int cellsLeft = centred(kW, PhraseLayout::kColumns, cellW, cellStep);
     for (int i = 0; i < PhraseLayout::kCells; ++i) {
         const int r = i / PhraseLayout::kColumns, c = i % PhraseLayout::kColumns;
         in.place(*lblLetter[static_cast<std::size_t>(i)], cellsLeft + c * cellStep,
@@ -530,7 +534,7 @@ void frmLettermine::LayoutBoard(int left, int top, int width, int height) {
     // The letter timer just above the alphabet, thirteen letters a row.
     d.place(ProgressBar1, 110, 3280, kW - 220, 200);
     constexpr int keyW = 460, keyStep = 476, keyH = 390;
-    const int keysLeft = (kW - (13 * keyStep - (keyStep - keyW))) / 2;
+    const int keysLeft = centred(kW, 13, keyW, keyStep);
     for (int i = 0; i < LettermineRound::kLetters; ++i)
         d.place(*cmdLetter[static_cast<std::size_t>(i)], keysLeft + (i % 13) * keyStep,
                 3570 + (i / 13) * (keyH + 40), keyW, keyH);
@@ -540,7 +544,7 @@ void frmLettermine::LayoutBoard(int left, int top, int width, int height) {
     d.place(txtLetterValue, 150, 4880, 1700, 420);
     d.place(frmGuess, 2150, 4480, 2900, 820);
     constexpr int smileyW = 330, smileyH = 300, smileyStep = 345;
-    const int smileysLeft = (2900 - (8 * smileyStep - (smileyStep - smileyW))) / 2;
+    const int smileysLeft = centred(2900, LettermineRound::kSmileys, smileyW, smileyStep);
     for (int i = 0; i < LettermineRound::kSmileys; ++i)
         in.place(*Guess[static_cast<std::size_t>(i)], smileysLeft + i * smileyStep, 380, smileyW,
                  smileyH);
